@@ -1,0 +1,104 @@
+#include <chrono>
+
+#include "controller/keyscout_controller.h"
+#include "controller/procedures.h"
+
+namespace keyscout {
+namespace {
+
+constexpr StringView currentFormatHeader = u"FORMAT=[INDEX(10)][CATALOG(60)][BRAND(50)]";
+
+bool is(const Error& error, KeyscoutErrorCodes code) {
+  return error.number() == static_cast<std::int32_t>(code);
+}
+
+}  // namespace
+
+Boolean RWKeyscoutController::checkDownloadVersion() {
+  static constexpr Procedure procedure = controllerProcedure(u"checkDownloadVersion");
+  return tracer_.traced(
+      procedure,
+      [&]() -> Boolean {
+        String header;
+        {
+          const auto file = platform_.files.open(pathOf(CatalogNumbersDownloadFile()));
+          if (!file->atEnd()) header = platform_.codePage.decode(file->readLine());
+        }
+        if (header == currentFormatHeader) return True;
+        if (header.starts_with(u'0'))
+          throw refusal(KeyscoutErrorCodes::CatalogFormatChanged,
+                        u"The format of the catalog number download has changed.");
+        throw refusal(KeyscoutErrorCodes::InconsistantVersion,
+                      u"The version of the catalog numbers downloaded is not consistant with\r\n"
+                      u"the current version of Tessaly.");
+      },
+      [&](const Error& error) -> Boolean {
+        if (is(error, KeyscoutErrorCodes::CatalogFormatChanged) ||
+            is(error, KeyscoutErrorCodes::InconsistantVersion))
+          throw Error{error};
+        if (error.number() == PlatformError::fileNotFound)
+          throw refusal(KeyscoutErrorCodes::RequiredFilesMissing,
+                        u"The catalog number download file does not exist.");
+        tracer_.report(procedure, error);
+        return False;
+      });
+}
+
+Boolean RWKeyscoutController::checkCatalogControlFile() {
+  static constexpr Procedure procedure = controllerProcedure(u"checkCatalogControlFile");
+  return tracer_.traced(
+      procedure,
+      [&]() -> Boolean {
+        String status;
+        {
+          const auto file = platform_.files.open(pathOf(u"catcontrol.txt"));
+          while (!file->atEnd()) status += platform_.codePage.decode(file->readLine());
+        }
+        if (status.starts_with(u"READY")) return True;
+        if (status == u"INPROCESS")
+          throw refusal(KeyscoutErrorCodes::ControlStatusInProcess,
+                        u"Keyscout will be enabled as soon as the catalog number download has been "
+                        u"completed.");
+        throw refusal(KeyscoutErrorCodes::ControlStatusCorrupt,
+                      u"Keyscout will not be available because the latest download contains "
+                      u"invalid data.");
+      },
+      [&](const Error& error) -> Boolean {
+        if (is(error, KeyscoutErrorCodes::ControlStatusInProcess) ||
+            is(error, KeyscoutErrorCodes::ControlStatusCorrupt))
+          throw Error{error};
+        tracer_.report(procedure, error);
+        return False;
+      });
+}
+
+Boolean RWKeyscoutController::resetLastTableNumber() {
+  static constexpr Procedure procedure = controllerProcedure(u"resetLastTableNumber");
+  return tracer_.traced(
+      procedure,
+      [&]() -> Boolean {
+        module_.lastTableNumber = -1;
+        return True;
+      },
+      [&](const Error& error) -> Boolean {
+        tracer_.report(procedure, error);
+        throw Error{error};
+      });
+}
+
+void RWKeyscoutController::needToUpdate(std::int16_t days) {
+  static constexpr Procedure procedure{u"keyscoutModule", u"needToUpdate", u"needToUpdate", 1};
+  Tracer::guarded(
+      [&] {
+        const auto written = platform_.files.lastModified(pathOf(KeyscoutIndexFile()));
+        const auto age = platform_.clock.now() - written;
+        if (days > 0 && age > std::chrono::days{days})
+          throw refusal(KeyscoutErrorCodes::CatalogFilesOld, u"Keyscout data is not current.");
+      },
+      [&](const Error& error) {
+        if (!is(error, KeyscoutErrorCodes::CatalogFilesOld)) tracer_.report(procedure, error);
+        throw Error{error};
+      });
+}
+
+}  // namespace keyscout

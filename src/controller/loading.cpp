@@ -1,0 +1,88 @@
+#include "controller/keyscout_controller.h"
+#include "controller/procedures.h"
+
+namespace keyscout {
+namespace {
+
+// A brand file that cannot be read on fails the same way at every try; the load then goes on
+// without the rest of it.
+constexpr int mostFailuresInARow = 100;
+
+CatalogTableEntry parseIndexLine(StringView line) {
+  const auto field = [&](std::size_t first, std::size_t width) {
+    return String{trimmed(columns(line, first, width))};
+  };
+  CatalogTableEntry entry;
+  entry.tableNumber = field(1, 10);
+  entry.firstIndex = field(11, 10);
+  entry.firstCatalog = field(21, 60);
+  entry.firstBrand = field(81, 50);
+  entry.lastIndex = field(131, 10);
+  entry.lastCatalog = field(141, 60);
+  entry.lastBrand = trimmed(lastColumns(line, 50));
+  return entry;
+}
+
+}  // namespace
+
+void RWKeyscoutController::initialize() {
+  static constexpr Procedure procedure = controllerProcedure(u"initialize");
+  Tracer::guarded(
+      [&] {
+        tracer_.enter(procedure);
+        module_.brandLookup.emplace();
+        loadIndex();
+        loadBrands();
+        setIsInitialized(True);
+        if (module_.brandLookup->count() == 0) {
+          tracer_.exit(procedure);
+        } else {
+          ignoringFailure([&] { tracer_.exit(procedure); });
+        }
+      },
+      [&](const Error& error) { tracer_.report(procedure, error); });
+}
+
+void RWKeyscoutController::loadIndex() {
+  module_.catalogTableCount = 0;
+  const auto file = platform_.files.open(pathOf(KeyscoutIndexFile()));
+  module_.catalogTableIndex.resize(keyscoutModule::catalogTableCapacity);
+  String line;
+  while (!file->atEnd()) {
+    platform_.codePage.decode(file->readLine(), line);
+    if (trimmed(line).empty()) continue;
+    if (module_.catalogTableCount >= keyscoutModule::catalogTableCapacity)
+      throw platformFailure(PlatformError::subscriptOutOfRange, controllerClass);
+    module_.catalogTableIndex[static_cast<std::size_t>(module_.catalogTableCount)] =
+        parseIndexLine(line);
+    ++module_.catalogTableCount;
+  }
+}
+
+void RWKeyscoutController::loadBrands() {
+  const auto file = platform_.files.open(pathOf(u"brandinfo.txt"));
+  // From the first brand on nothing stops the load any more: a line that cannot be read or whose
+  // key is taken adds nothing.
+  bool brandSeen = false;
+  int failuresInARow = 0;
+  String line;
+  while (!file->atEnd() && failuresInARow < mostFailuresInARow) {
+    try {
+      platform_.codePage.decode(file->readLine(), line);
+    } catch (...) {
+      if (!brandSeen) throw;
+      ++failuresInARow;
+      continue;
+    }
+    failuresInARow = 0;
+    if (trimmed(line).empty()) continue;
+    brandSeen = true;
+    ignoringFailure([&] {
+      const StringView text{line};
+      module_.brandLookup->add(String{trimmed(columns(text, 11, 60))},
+                               trimmed(columns(text, 1, 50)));
+    });
+  }
+}
+
+}  // namespace keyscout

@@ -1,0 +1,41 @@
+#include "lookup/lookup_engine.h"
+#include "lookup/procedures.h"
+
+namespace keyscout {
+
+std::int16_t LookupEngine::findTableNumber(String& key) noexcept {
+  static constexpr Procedure procedure = lookupProcedure(u"findTableNumber", 1);
+  return tracer_.traced(
+      procedure,
+      [&] {
+        key = platform_.textRules.upperCase(key);
+        return searchIndex(key);
+      },
+      [&](const Error& error) -> std::int16_t {
+        tracer_.report(procedure, error);
+        return -1;
+      });
+}
+
+/// The subscript of the table that covers `key`, -1 where none does. People type on near to where
+/// they were, so the search starts where this control's last one ended.
+std::int16_t LookupEngine::searchIndex(const String& key) {
+  if (module_.lastTableNumber == -1) {
+    fields_.tableSearchStart = 0;
+    module_.lastTableNumber = 0;
+  }
+
+  std::int16_t i = fields_.tableSearchStart;
+  const auto isBehindTable = [&] { return key > module_.getLastCatalog(i); };
+  const auto isBehindWholeTable = [&] { return isBehindTable() && key > module_.getFirstCatalog(i); };
+
+  while (!isBehindWholeTable() && i > 0) --i;
+  while (isBehindTable()) {
+    ++i;
+    if (i == module_.getTableCount()) return -1;
+  }
+  fields_.tableSearchStart = i;
+  return i;
+}
+
+}  // namespace keyscout

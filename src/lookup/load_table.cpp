@@ -1,0 +1,110 @@
+#include "lookup/key_order.h"
+#include "lookup/lookup_engine.h"
+#include "lookup/procedures.h"
+#include "shared/key_tests.h"
+
+namespace keyscout {
+namespace {
+
+constexpr std::int16_t mostEntries = 999;
+constexpr std::int16_t fillerEntries = 8;
+
+}  // namespace
+
+/// Appends the admitted catalog numbers from the first one at or above `key` on, beginning in the
+/// table at `currentTableIndex`, until the list has `maxCount` entries. On a failure the entries
+/// appended so far stay.
+void LookupEngine::loadKeyscoutCombo(const String& key, std::int16_t maxCount,
+                                     const String& brandFilter) {
+  static constexpr Procedure procedure = lookupProcedure(u"loadKeyscoutCombo");
+  Tracer::guarded(
+      [&] {
+        tracer_.enter(procedure);
+        const bool filled = fillList(key, maxCount, brandFilter);
+        if (filled) tracer_.exit(procedure);
+      },
+      [&](const Error& error) {
+        tracer_.report(procedure, error);
+        throw Error{error};
+      });
+}
+
+/// False when the catalog ended before the list had `maxCount` entries.
+bool LookupEngine::fillList(const String& key, std::int16_t maxCount, const String& brandFilter) {
+  const String path = tablePath(module_.getTableNumber(fields_.currentTableIndex));
+  fields_.listLoaded = True;
+  auto file = platform_.files.open(path);
+  fields_.tableLoadPending = False;
+
+  DropDownList& list = client_.list();
+  const auto isFull = [&] {
+    const std::int16_t count = list.entryCount();
+    return count >= maxCount || count >= mostEntries;
+  };
+
+  if (isFull()) return true;
+  if (!file->atEnd()) {
+    std::string_view candidate;
+    do candidate = file->readLine();
+    while (isAbove(key, CatalogLine{candidate}.catalogColumns(), platform_.codePage) &&
+           !file->atEnd());
+    offer(candidate, brandFilter);
+  }
+
+  while (!isFull()) {
+    if (!file->atEnd()) {
+      offer(file->readLine(), brandFilter);
+      fields_.tableLoadPending = False;
+      continue;
+    }
+    file.reset();
+    ++fields_.currentTableIndex;
+    if (fields_.currentTableIndex >= module_.getTableCount()) {
+      markEndOfCatalog();
+      return false;
+    }
+    file = openNextTable();
+  }
+  return true;
+}
+
+/// Opens the table at `currentTableIndex`, which is named by its position.
+std::unique_ptr<SequentialFile> LookupEngine::openNextTable() {
+  const String path = tablePath(decimal(fields_.currentTableIndex));
+  if (!platform_.files.exists(path)) {
+    tracer_.log(lookupProcedure(u"keyInKeyscout"), u"Missing catalog table: " + path);
+    for (int i = 0; i < fillerEntries; ++i) client_.list().append(u"");
+    throw platformFailure(PlatformError::fileAccess, u"keyscoutControl");
+  }
+  return platform_.files.open(path);
+}
+
+/// Fills a short list up with empty entries, so that its drop-down keeps its height.
+void LookupEngine::markEndOfCatalog() {
+  DropDownList& list = client_.list();
+  while (list.entryCount() < fillerEntries) list.append(u"");
+  fields_.endOfCatalogReached = True;
+}
+
+String LookupEngine::tablePath(StringView designation) const {
+  return module_.KeyscoutDirectory + String{designation} + fields_.tableFileExtension;
+}
+
+/// Adds the line's catalog number to the list when the brand filter and the authorized brands admit
+/// it and the list does not hold it yet.
+void LookupEngine::offer(std::string_view bytes, const String& brandFilter) {
+  const CatalogLine line{bytes};
+  platform_.codePage.decode(line.brand(), offeredBrand_);
+  if (!brandFilter.empty() && brandFilter != offeredBrand_) return;
+  platform_.codePage.decode(line.catalogNumber(), offeredNumber_);
+  if (collectionHasKey(fields_.catalogEntries, offeredNumber_)) return;
+  if (!isAuthorizedBrand(module_, offeredBrand_)) return;
+
+  client_.list().append(offeredNumber_);
+  fields_.catalogEntries.add(
+      RWKeyscoutCatalogData{offeredNumber_, offeredBrand_,
+                            parseInt32(platform_.codePage.decode(line.index()))},
+      offeredNumber_);
+}
+
+}  // namespace keyscout

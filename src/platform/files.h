@@ -1,0 +1,28 @@
+#pragma once
+
+#include <chrono>
+#include <memory>
+
+#include "platform/sequential_file.h"
+#include "platform/text.h"
+
+namespace keyscout {
+
+/// The files of the data directory, read only. Paths are as the host gives them, with backslashes.
+class Files {
+ public:
+  virtual ~Files() = default;
+
+  /// Opens a text file at its first line. Fails with file not found (53), path not found (76: a
+  /// directory on the way is missing), permission denied (70), or path or file access error (75).
+  virtual std::unique_ptr<SequentialFile> open(StringView path) = 0;
+
+  /// True when a file of that name exists, hidden and read-only files included; a directory is
+  /// not a file.
+  virtual bool exists(StringView path) = 0;
+
+  /// When the file was last written, to the second. Fails as `open` does.
+  virtual std::chrono::sys_seconds lastModified(StringView path) = 0;
+};
+
+}  // namespace keyscout

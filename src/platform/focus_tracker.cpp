@@ -1,0 +1,50 @@
+#include "platform/focus_tracker.h"
+
+#include <utility>
+
+namespace keyscout {
+
+void FocusTracker::release() noexcept {
+  // Delivered while still held, so that moves made by these handlers queue up behind.
+  if (depth_ == 1) {
+    while (!waiting_.empty()) {
+      const Report report = waiting_.front();
+      waiting_.pop_front();
+      (report.control->*report.deliver)();
+    }
+  }
+  --depth_;
+}
+
+void FocusTracker::moveTo(FocusReports& control, FocusPlace place) { change({&control, place}); }
+
+void FocusTracker::leave() { change({}); }
+
+void FocusTracker::change(Focus next) {
+  if (next == focus_) return;
+  const Hold hold{*this};
+  const Focus last = std::exchange(focus_, next);
+  const bool leaves = last.control != next.control;
+
+  if (last.control && last.place == FocusPlace::textBox)
+    waiting_.push_back({last.control, &FocusReports::textBoxLostFocus});
+  if (last.control && last.place == FocusPlace::surface)
+    waiting_.push_back({last.control, &FocusReports::surfaceLostFocus});
+  if (last.control && leaves) waiting_.push_back({last.control, &FocusReports::focusLeft});
+  if (next.control && next.place == FocusPlace::textBox)
+    waiting_.push_back({next.control, &FocusReports::textBoxGotFocus});
+}
+
+void FocusTracker::listRemoved(FocusReports& control) {
+  if (!has(control, FocusPlace::list)) return;
+  const Hold hold{*this};
+  focus_ = {};
+  waiting_.push_back({&control, &FocusReports::focusLeft});
+}
+
+void FocusTracker::forget(FocusReports& control) {
+  if (focus_.control == &control) focus_ = {};
+  std::erase_if(waiting_, [&](const Report& report) { return report.control == &control; });
+}
+
+}  // namespace keyscout

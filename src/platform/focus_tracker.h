@@ -1,0 +1,79 @@
+#pragma once
+
+#include <deque>
+
+namespace keyscout {
+
+/// The places in a control that can have the focus.
+enum class FocusPlace { textBox, list, surface };
+
+/// What a change of focus means to one control.
+class FocusReports {
+ public:
+  virtual ~FocusReports() = default;
+
+  virtual void textBoxGotFocus() noexcept = 0;
+  virtual void textBoxLostFocus() noexcept = 0;
+  virtual void surfaceLostFocus() noexcept = 0;
+  virtual void focusLeft() noexcept = 0;
+};
+
+/// Knows which place of which control on a form has the focus, and keeps the order of focus
+/// reports for every toolkit: a move takes effect at once; its reports wait until the outermost
+/// handler, or call of the host, has returned and then come in the order of the moves, a loss
+/// before the gain. Moves that cancel out are reported all the same.
+class FocusTracker {
+ public:
+  struct Focus {
+    FocusReports* control = nullptr;
+    FocusPlace place = FocusPlace::surface;
+    friend bool operator==(const Focus&, const Focus&) = default;
+  };
+
+  /// While one of these lives, reports wait; the end of the outermost delivers them, those that the
+  /// delivery itself gives rise to included.
+  class Hold {
+   public:
+    explicit Hold(FocusTracker& tracker) : tracker_(tracker) { tracker_.hold(); }
+    ~Hold() { tracker_.release(); }
+    Hold(const Hold&) = delete;
+    Hold& operator=(const Hold&) = delete;
+
+   private:
+    FocusTracker& tracker_;
+  };
+
+  void hold() { ++depth_; }
+  void release() noexcept;
+
+  /// No control in particular has the focus: `{}`. Giving it to what has it reports nothing.
+  Focus focus() const { return focus_; }
+  bool has(const FocusReports& control, FocusPlace place) const {
+    return focus_.control == &control && focus_.place == place;
+  }
+
+  /// Moves the focus; outside of any handler the reports come before this returns.
+  void moveTo(FocusReports& control, FocusPlace place);
+  void leave();
+
+  /// The list of `control` was removed: where it had the focus nothing has it now, and of a list
+  /// that is gone only that the focus left is reported.
+  void listRemoved(FocusReports& control);
+
+  /// `control` is going: it loses the focus and gets no report any more.
+  void forget(FocusReports& control);
+
+ private:
+  struct Report {
+    FocusReports* control;
+    void (FocusReports::*deliver)() noexcept;
+  };
+
+  void change(Focus next);
+
+  Focus focus_;
+  std::deque<Report> waiting_;
+  int depth_ = 0;
+};
+
+}  // namespace keyscout

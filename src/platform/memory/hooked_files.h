@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/files.h"
+#include "platform/memory/call_hook.h"
+
+namespace keyscout {
+
+/// Files whose calls go by a hook, as "openFile", "readLine" (once for each line), "fileExists" and
+/// "lastModified". Counts the files that are open.
+class HookedFiles final : public Files {
+ public:
+  HookedFiles(Files& files, CallHook& hook) : files_(files), hook_(hook) {}
+
+  std::unique_ptr<SequentialFile> open(StringView path) override;
+  bool exists(StringView path) override;
+  std::chrono::sys_seconds lastModified(StringView path) override;
+
+  int openCount() const { return openCount_; }
+
+ private:
+  Files& files_;
+  CallHook& hook_;
+  int openCount_ = 0;
+};
+
+}  // namespace keyscout

@@ -1,0 +1,79 @@
+#include "platform/memory/memory_surface.h"
+
+#include "platform/error.h"
+
+namespace keyscout {
+
+void MemorySurface::observe(SurfaceReports* surface, TextBoxReports* textBox) {
+  reports_ = surface;
+  textBox_.observe(textBox);
+}
+
+DropDownList& MemorySurface::addDropDownList(StringView name, DropDownListReports& reports) {
+  form_.onCall("addDropDownList");
+  FocusReports& focusReports = *this;
+  list_ = std::make_shared<MemoryList>(form_, focusReports, reports);
+  listName_ = name;
+  return *list_;
+}
+
+void MemorySurface::removeChild(StringView name) {
+  form_.onCall("removeChild");
+  if (!list_ || name != listName_) throw platformFailure(PlatformError::invalidArgument, u"ControlSurface");
+  list_.reset();
+  form_.focusTracker().listRemoved(*this);
+}
+
+void MemorySurface::resize(float width) {
+  width_ = width;
+  const FocusTracker::Hold handler{form_.focusTracker()};
+  if (reports_) reports_->resized();
+}
+
+void MemorySurface::click(std::int16_t entry) {
+  form_.focusTracker().moveTo(*this, FocusPlace::list);
+  // The reports of that move may have removed the list.
+  if (const auto list = list_) list->choose(entry);
+}
+
+// A host may move the focus from inside a handler of the list, which can remove it: it lives on
+// until its own work is done.
+bool MemorySurface::keyDown(FocusPlace place, std::int16_t keyCode, std::int16_t shift) {
+  switch (place) {
+    case FocusPlace::textBox: return textBox_.keyDown(keyCode, shift);
+    case FocusPlace::list: {
+      const auto list = list_;
+      return list->keyDown(keyCode, shift);
+    }
+    case FocusPlace::surface: return true;
+  }
+  return true;
+}
+
+void MemorySurface::keyPress(FocusPlace place, char16_t character) {
+  if (place == FocusPlace::textBox) textBox_.keyPress(character);
+  if (const auto list = list_; place == FocusPlace::list) list->keyPress(character);
+}
+
+void MemorySurface::keyUp(FocusPlace place, std::int16_t keyCode, std::int16_t shift) {
+  if (place == FocusPlace::textBox) textBox_.keyUp(keyCode, shift);
+  if (const auto list = list_; place == FocusPlace::list) list->keyUp(keyCode, shift);
+}
+
+void MemorySurface::textBoxGotFocus() noexcept {
+  if (textBox_.reports_) textBox_.reports_->gotFocus();
+}
+
+void MemorySurface::textBoxLostFocus() noexcept {
+  if (textBox_.reports_) textBox_.reports_->lostFocus();
+}
+
+void MemorySurface::surfaceLostFocus() noexcept {
+  if (reports_) reports_->lostFocus();
+}
+
+void MemorySurface::focusLeft() noexcept {
+  if (reports_) reports_->focusLeft();
+}
+
+}  // namespace keyscout

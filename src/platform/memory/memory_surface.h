@@ -1,0 +1,66 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/focus_tracker.h"
+#include "platform/memory/form.h"
+#include "platform/memory/memory_list.h"
+#include "platform/memory/memory_text_box.h"
+#include "platform/widgets.h"
+
+namespace keyscout {
+
+/// The place of one control on a form in memory, 100 wide at first and without the focus.
+class MemorySurface final : public ControlSurface, private FocusReports {
+ public:
+  explicit MemorySurface(Form& form) : form_(form), textBox_(form, *this, width_) {}
+  ~MemorySurface() override { form_.focusTracker().forget(*this); }
+  MemorySurface(const MemorySurface&) = delete;
+  MemorySurface& operator=(const MemorySurface&) = delete;
+
+  void observe(SurfaceReports* surface, TextBoxReports* textBox) override;
+  MemoryTextBox& textBox() override { return textBox_; }
+  const MemoryTextBox& textBox() const { return textBox_; }
+  DropDownList& addDropDownList(StringView name, DropDownListReports& reports) override;
+  void removeChild(StringView name) override;
+  float width() const override { return width_; }
+  void setEnabled(Boolean enabled) override { enabled_ = enabled; }
+  void setMousePointer(std::int16_t shape) override { mousePointer_ = shape; }
+  void beginHostCall() override { form_.focusTracker().hold(); }
+  void endHostCall() noexcept override { form_.focusTracker().release(); }
+
+  /// The drop-down list, null while there is none.
+  MemoryList* list() { return list_.get(); }
+  const MemoryList* list() const { return list_.get(); }
+  Boolean enabled() const { return enabled_; }
+  std::int16_t mousePointer() const { return mousePointer_; }
+  bool hasFocus(FocusPlace place) const { return form_.focusTracker().has(*this, place); }
+
+  void resize(float width);
+  /// A mouse click on an entry of the list, which must exist.
+  void click(std::int16_t entry);
+
+ private:
+  friend class Form;
+
+  bool keyDown(FocusPlace place, std::int16_t keyCode, std::int16_t shift);
+  void keyPress(FocusPlace place, char16_t character);
+  void keyUp(FocusPlace place, std::int16_t keyCode, std::int16_t shift);
+
+  // FocusReports
+  void textBoxGotFocus() noexcept override;
+  void textBoxLostFocus() noexcept override;
+  void surfaceLostFocus() noexcept override;
+  void focusLeft() noexcept override;
+
+  Form& form_;
+  SurfaceReports* reports_ = nullptr;
+  float width_ = 100;
+  Boolean enabled_ = True;
+  std::int16_t mousePointer_ = 0;
+  MemoryTextBox textBox_;
+  String listName_;
+  std::shared_ptr<MemoryList> list_;  // shared with the key that is being worked on
+};
+
+}  // namespace keyscout

@@ -1,0 +1,89 @@
+#include "platform/posix/posix_files.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <string>
+
+#include "platform/error.h"
+#include "platform/utf8.h"
+
+namespace keyscout {
+namespace {
+
+std::string nativePath(StringView path) {
+  std::string native = toUtf8(path);
+  std::ranges::replace(native, '\\', '/');
+  return native;
+}
+
+bool isInDirectory(const std::string& path) {
+  const auto slash = path.find_last_of('/');
+  if (slash == path.npos) return true;
+  struct stat status {};
+  return ::stat(path.substr(0, slash + 1).c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+Error fileFailure(int code, const std::string& path) {
+  const auto number = [&] {
+    switch (code) {
+      case ENOENT:
+      case ENOTDIR:
+        return isInDirectory(path) ? PlatformError::fileNotFound : PlatformError::pathNotFound;
+      case EACCES:
+      case EPERM: return PlatformError::permissionDenied;
+      case ENOMEM: return PlatformError::outOfMemory;
+      default: return PlatformError::fileAccess;
+    }
+  };
+  return platformFailure(number(), u"Files");
+}
+
+class PosixFile final : public SequentialFile {
+ public:
+  explicit PosixFile(const std::string& path)
+      // Opening anything but a regular file must not wait for somebody to write to it.
+      : descriptor_(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {
+    if (descriptor_ < 0) throw fileFailure(errno, path);
+    struct stat status {};
+    const bool isFile = ::fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode);
+    if (isFile) return;
+    ::close(descriptor_);
+    throw platformFailure(PlatformError::fileAccess, u"Files");
+  }
+  ~PosixFile() override { ::close(descriptor_); }
+
+ private:
+  std::size_t read(char* to, std::size_t room) override {
+    for (;;) {
+      const ssize_t count = ::read(descriptor_, to, room);
+      if (count >= 0) return static_cast<std::size_t>(count);
+      if (errno != EINTR) throw platformFailure(PlatformError::fileAccess, u"Files");
+    }
+  }
+
+  int descriptor_;
+};
+
+}  // namespace
+
+std::unique_ptr<SequentialFile> PosixFiles::open(StringView path) {
+  return std::make_unique<PosixFile>(nativePath(path));
+}
+
+bool PosixFiles::exists(StringView path) {
+  struct stat status {};
+  return ::stat(nativePath(path).c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
+}
+
+std::chrono::sys_seconds PosixFiles::lastModified(StringView path) {
+  const std::string native = nativePath(path);
+  struct stat status {};
+  if (::stat(native.c_str(), &status) != 0) throw fileFailure(errno, native);
+  return std::chrono::sys_seconds{std::chrono::seconds{status.st_mtim.tv_sec}};
+}
+
+}  // namespace keyscout

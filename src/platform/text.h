@@ -1,0 +1,44 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace keyscout {
+
+/// UTF-16 text, the form in which every string meets the host. Comparing two of them is ordinal:
+/// by code unit, case-sensitive.
+using String = std::u16string;
+using StringView = std::u16string_view;
+
+/// `text` without its leading and trailing space characters; other white space stays.
+template <class Char>
+constexpr std::basic_string_view<Char> trimmed(std::basic_string_view<Char> text) {
+  const auto first = text.find_first_not_of(Char{' '});
+  if (first == text.npos) return {};
+  return text.substr(first, text.find_last_not_of(Char{' '}) - first + 1);
+}
+constexpr StringView trimmed(const String& text) { return trimmed(StringView{text}); }
+
+/// What `line` has in the `width` columns from the 1-based column `first` on: all, a part or
+/// nothing of it where the line is shorter.
+template <class Char>
+constexpr std::basic_string_view<Char> columns(std::basic_string_view<Char> line, std::size_t first,
+                                               std::size_t width) {
+  return line.substr(std::min(first - 1, line.size()), width);
+}
+
+/// The last `width` characters of `line`, the whole line where it is shorter.
+constexpr StringView lastColumns(StringView line, std::size_t width) {
+  return line.substr(line.size() - std::min(width, line.size()));
+}
+
+/// `number` in decimal, without leading zeros or blanks.
+String decimal(int number);
+
+/// The number that the decimal digits of `text`, with an optional sign before them, stand for.
+/// Fails with type mismatch (13) where `text` is anything else, with overflow (6) beyond 32 bits.
+std::int32_t parseInt32(StringView text);
+
+}  // namespace keyscout

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/text.h"
+
+namespace keyscout {
+
+/// One line of the catalog index: which catalog table file holds which range of catalog numbers.
+struct CatalogTableEntry {
+  String tableNumber;
+  String firstIndex;
+  String firstBrand;
+  String firstCatalog;
+  String lastIndex;
+  String lastBrand;
+  String lastCatalog;
+};
+
+}  // namespace keyscout

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/keyed_collection.h"
+#include "platform/text.h"
+#include "shared/keyscout_module.h"
+
+namespace keyscout {
+
+/// True when `collection` holds an object under `key`, in any letter case. Never fails.
+template <class T>
+bool collectionHasKey(const KeyedCollection<T>& collection, StringView key) noexcept {
+  try {
+    return collection.contains(key);
+  } catch (...) {
+    return false;
+  }
+}
+
+/// True when catalog numbers of `brand` may enter a list: the host has authorized all brands, by
+/// giving no brands or an empty collection, or this one. Never fails.
+bool isAuthorizedBrand(const keyscoutModule& module, StringView brand) noexcept;
+
+}  // namespace keyscout
