@@ -65,9 +65,7 @@ void keyscoutControl::answerTextKey(std::int16_t keyCode, std::int16_t shift) {
       list().setFocus();
       list().select(0);
       break;
-    case KeyCodes::up:
-      hideList();
-      break;
+    case KeyCodes::up: hideList(); break;
     case KeyCodes::enter:
       if (list().selectedIndex() < 0) {
         hideList();
@@ -78,8 +76,7 @@ void keyscoutControl::answerTextKey(std::int16_t keyCode, std::int16_t shift) {
       fields_.suppressAccept = True;
       fields_.suppressKeyDownEvent = True;
       break;
-    default:
-      break;
+    default: break;
   }
 }
 

@@ -11,7 +11,9 @@ void SurfaceObserver::lostFocus() { control_.keyscoutControl_LostFocus(); }
 void SurfaceObserver::focusLeft() { control_.keyscoutControl_ExitFocus(); }
 
 void TextBoxObserver::changed() { control_.keyscoutText_Change(); }
-void TextBoxObserver::keyDown(Short& code, Short& shift) { control_.keyscoutText_KeyDown(code, shift); }
+void TextBoxObserver::keyDown(Short& code, Short& shift) {
+  control_.keyscoutText_KeyDown(code, shift);
+}
 void TextBoxObserver::keyPress(Short& character) { control_.keyscoutText_KeyPress(character); }
 void TextBoxObserver::keyUp(Short& code, Short& shift) { control_.keyscoutText_KeyUp(code, shift); }
 void TextBoxObserver::clicked() { control_.keyscoutText_Click(); }
@@ -28,8 +30,12 @@ void TextBoxObserver::mouseUp(Short& button, Short& shift, float& x, float& y) {
 void TextBoxObserver::gotFocus() { control_.keyscoutText_GotFocus(); }
 void TextBoxObserver::lostFocus() { control_.keyscoutText_LostFocus(); }
 
-void DropDownListObserver::keyDown(Short& code, Short& shift) { control_.keyscoutList_KeyDown(code, shift); }
-void DropDownListObserver::keyUp(Short& code, Short& shift) { control_.keyscoutList_KeyUp(code, shift); }
+void DropDownListObserver::keyDown(Short& code, Short& shift) {
+  control_.keyscoutList_KeyDown(code, shift);
+}
+void DropDownListObserver::keyUp(Short& code, Short& shift) {
+  control_.keyscoutList_KeyUp(code, shift);
+}
 void DropDownListObserver::clicked() { control_.keyscoutList_Click(); }
 void DropDownListObserver::editChanged() { control_.keyscoutList_Change(); }
 

@@ -65,9 +65,9 @@ String RWKeyscoutController::pathOf(StringView fileName) const {
   return KeyscoutDirectory() + String{fileName};
 }
 
-void RWKeyscoutController::authenticateRequiredProperties(StringView strKeyscoutDirectory,
-                                                          StringView strKeyscoutIndexFile,
-                                                          StringView strCatalogNumbersDownloadFile) {
+void RWKeyscoutController::authenticateRequiredProperties(
+    StringView strKeyscoutDirectory, StringView strKeyscoutIndexFile,
+    StringView strCatalogNumbersDownloadFile) {
   static constexpr Procedure procedure{controllerClass, u"authenticateRequiredProperties()",
                                        u"authenticateRequiredProperties"};
   const auto refuse = [&](StringView emptySetting) {

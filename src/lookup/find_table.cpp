@@ -27,7 +27,9 @@ std::int16_t LookupEngine::searchIndex(const String& key) {
 
   std::int16_t i = fields_.tableSearchStart;
   const auto isBehindTable = [&] { return key > module_.getLastCatalog(i); };
-  const auto isBehindWholeTable = [&] { return isBehindTable() && key > module_.getFirstCatalog(i); };
+  const auto isBehindWholeTable = [&] {
+    return isBehindTable() && key > module_.getFirstCatalog(i);
+  };
 
   while (!isBehindWholeTable() && i > 0) --i;
   while (isBehindTable()) {

@@ -15,10 +15,13 @@ inline bool isAbove(StringView key, std::string_view columns, const CodePage& co
   if (first == columns.npos) return !key.empty();
   columns.remove_prefix(first);
 
-  const auto numberEndsAt = [&](std::size_t i) { return columns.find_first_not_of(' ', i) == columns.npos; };
+  const auto numberEndsAt = [&](std::size_t i) {
+    return columns.find_first_not_of(' ', i) == columns.npos;
+  };
   std::size_t i = 0;
   while (i < key.size() && i < columns.size() && codePage[columns[i]] == key[i]) ++i;
-  if (i < key.size()) return i == columns.size() || numberEndsAt(i) || key[i] > codePage[columns[i]];
+  if (i < key.size())
+    return i == columns.size() || numberEndsAt(i) || key[i] > codePage[columns[i]];
 
   // The key is a beginning of the columns. It still stands above a number that ends within the
   // blanks at the key's own end.

@@ -146,9 +146,8 @@ void LookupEngine::respondToFailure() noexcept {
 void LookupEngine::askForUpdate() {
   auto& titles = module_.messageTitleSource;
   if (!titles) titles = platform_.objectLibrary.createMessageTitleSource();
-  const auto answer =
-      platform_.messageBox.show(failureText, MessageBoxStyle::yesNo | MessageBoxStyle::information,
-                                titles->titleText());
+  const auto answer = platform_.messageBox.show(
+      failureText, MessageBoxStyle::yesNo | MessageBoxStyle::information, titles->titleText());
   if (answer == MessageBoxButton::yes) client_.raiseUpdateKeyscout();
 }
 

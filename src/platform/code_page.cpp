@@ -10,7 +10,8 @@ constexpr std::array<char16_t, 256> windows1252Units() {
       0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
   std::array<char16_t, 256> units{};
   for (std::size_t byte = 0; byte < units.size(); ++byte)
-    units[byte] = byte >= 0x80 && byte < 0xA0 ? upperControls[byte - 0x80] : static_cast<char16_t>(byte);
+    units[byte] =
+        byte >= 0x80 && byte < 0xA0 ? upperControls[byte - 0x80] : static_cast<char16_t>(byte);
   return units;
 }
 

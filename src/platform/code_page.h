@@ -12,7 +12,9 @@ class CodePage {
  public:
   explicit constexpr CodePage(const std::array<char16_t, 256>& units) : units_(units) {}
 
-  constexpr char16_t operator[](char byte) const { return units_[static_cast<unsigned char>(byte)]; }
+  constexpr char16_t operator[](char byte) const {
+    return units_[static_cast<unsigned char>(byte)];
+  }
 
   String decode(std::string_view bytes) const {
     String text;

@@ -26,7 +26,8 @@ class SequentialFile {
   bool atEnd() noexcept { return position_ == limit_ && !bringMore(); }
 
   /// The next line's bytes without its end, valid until the next call. At the end of the file an
-  /// empty line. Fails with the platform's file error, after which the same line can be tried again.
+  /// empty line. Fails with the platform's file error, after which the same line can be tried
+  /// again.
   std::string_view readLine() {
     const char* const start = position_;
     if (start != limit_) {

@@ -13,8 +13,10 @@ class TraceService {
  public:
   virtual ~TraceService() = default;
 
-  virtual void enterProcedure(StringView className, StringView procName, std::int32_t traceLevel) = 0;
-  virtual void exitProcedure(StringView className, StringView procName, std::int32_t traceLevel) = 0;
+  virtual void enterProcedure(StringView className, StringView procName,
+                              std::int32_t traceLevel) = 0;
+  virtual void exitProcedure(StringView className, StringView procName,
+                             std::int32_t traceLevel) = 0;
   /// `line` is the failing line's number, 0 where there is none.
   virtual void reportError(StringView className, StringView procName, const Error& error,
                            std::int32_t line) = 0;

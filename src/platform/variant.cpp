@@ -28,7 +28,8 @@ struct ToInt32 {
   std::int32_t operator()(const String& text) const {
     const std::string digits = toUtf8(trimmed(text));
     double number = 0;
-    const auto [end, failure] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    const auto [end, failure] =
+        std::from_chars(digits.data(), digits.data() + digits.size(), number);
     if (failure != std::errc{} || end != digits.data() + digits.size()) mismatch();
     return rounded(number);
   }

@@ -158,8 +158,8 @@ class ControlSurface {
   virtual void observe(SurfaceReports* surface, TextBoxReports* textBox) = 0;
   virtual TextBox& textBox() = 0;
 
-  /// Creates a drop-down list named `name` that reports to `reports`, invisible and at the surface's
-  /// origin. The list lives until it is removed or the surface is gone.
+  /// Creates a drop-down list named `name` that reports to `reports`, invisible and at the
+  /// surface's origin. The list lives until it is removed or the surface is gone.
   virtual DropDownList& addDropDownList(StringView name, DropDownListReports& reports) = 0;
   /// Removes the child widget named `name`; fails with invalid argument (5) where there is none.
   virtual void removeChild(StringView name) = 0;

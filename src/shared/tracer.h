@@ -31,8 +31,8 @@ class Tracer {
   /// replaced by a failure to report it.
   void report(const Procedure& procedure, const Error& error) noexcept;
 
-  /// Runs `body` between the reports of entry and exit. Any failure in the three goes to `onFailure`
-  /// as an `Error`, whose result then stands for the body's.
+  /// Runs `body` between the reports of entry and exit. Any failure in the three goes to
+  /// `onFailure` as an `Error`, whose result then stands for the body's.
   template <class Body, class OnFailure>
   auto traced(const Procedure& procedure, Body&& body, OnFailure&& onFailure) {
     return guarded(

@@ -17,14 +17,19 @@ StringView nameOf(TraceCall::Kind kind) {
 
 void RecordingTrace::enterProcedure(StringView className, StringView procName,
                                     std::int32_t traceLevel) {
-  record({TraceCall::Kind::enterProcedure, String{className}, String{procName}, {}, {}, 0,
+  record({TraceCall::Kind::enterProcedure,
+          String{className},
+          String{procName},
+          {},
+          {},
+          0,
           traceLevel});
 }
 
 void RecordingTrace::exitProcedure(StringView className, StringView procName,
                                    std::int32_t traceLevel) {
-  record({TraceCall::Kind::exitProcedure, String{className}, String{procName}, {}, {}, 0,
-          traceLevel});
+  record(
+      {TraceCall::Kind::exitProcedure, String{className}, String{procName}, {}, {}, 0, traceLevel});
 }
 
 void RecordingTrace::reportError(StringView className, StringView procName, const Error& error,
@@ -35,13 +40,23 @@ void RecordingTrace::reportError(StringView className, StringView procName, cons
 
 void RecordingTrace::traceMessage(StringView className, StringView procName, StringView text,
                                   std::int32_t traceLevel) {
-  record({TraceCall::Kind::traceMessage, String{className}, String{procName}, String{text}, {}, 0,
+  record({TraceCall::Kind::traceMessage,
+          String{className},
+          String{procName},
+          String{text},
+          {},
+          0,
           traceLevel});
 }
 
 void RecordingTrace::logMessage(StringView className, StringView procName, StringView text,
                                 std::int32_t traceLevel) {
-  record({TraceCall::Kind::logMessage, String{className}, String{procName}, String{text}, {}, 0,
+  record({TraceCall::Kind::logMessage,
+          String{className},
+          String{procName},
+          String{text},
+          {},
+          0,
           traceLevel});
 }
 

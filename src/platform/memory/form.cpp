@@ -7,15 +7,22 @@
 
 namespace keyscout {
 
-MemorySurface* Form::focusedSurface() const {
-  // Only surfaces of this toolkit are ever given the focus here.
+std::unique_ptr<PlayableSurface> Form::addSurface() {
+  return std::make_unique<MemorySurface>(*this);
+}
+
+MemorySurface* Form::focused() const {
+  // Only surfaces in memory are ever given the focus here.
   return static_cast<MemorySurface*>(tracker_.focus().control);
 }
 
-void Form::moveFocus(MemorySurface& surface, FocusPlace place) {
-  if (place == FocusPlace::list && !surface.list())
+PlayableSurface* Form::focusedSurface() const { return focused(); }
+
+void Form::moveFocus(PlayableSurface& surface, FocusPlace place) {
+  auto& target = static_cast<MemorySurface&>(surface);
+  if (place == FocusPlace::list && !target.list())
     throw platformFailure(PlatformError::objectNotSet, u"Form");
-  tracker_.moveTo(surface, place);
+  tracker_.moveTo(target, place);
 }
 
 void Form::type(char16_t character) {
@@ -24,32 +31,26 @@ void Form::type(char16_t character) {
   keyUp(keyCode, 0);
 }
 
-void Form::pressKey(std::int16_t keyCode, std::int16_t shift) {
-  keyDown(keyCode, shift, characterOf(keyCode));
-  keyUp(keyCode, shift);
-}
-
-char16_t Form::characterOf(std::int16_t keyCode) {
-  return keyCode == KeyCodes::enter ? u'\r' : u'\0';
+void Form::keyDown(std::int16_t keyCode, std::int16_t shift) {
+  keyDown(keyCode, shift, keyCode == KeyCodes::enter ? u'\r' : u'\0');
 }
 
 void Form::keyDown(std::int16_t keyCode, std::int16_t shift, char16_t character) {
-  MemorySurface* const surface = focusedSurface();
-  if (surface && !surface->keyDown(tracker_.focus().place, keyCode, shift)) return;
+  MemorySurface* const surface = focused();
+  if (!surface || !surface->keyDown(tracker_.focus().place, keyCode, shift)) return;
   // A handler may have moved the focus: the character goes to what has it now.
   const bool hasCharacter = character != 0 && (shift & (Modifier::ctrl | Modifier::alt)) == 0;
-  MemorySurface* const next = focusedSurface();
+  MemorySurface* const next = focused();
   if (next && hasCharacter) next->keyPress(tracker_.focus().place, character);
 }
 
 void Form::keyUp(std::int16_t keyCode, std::int16_t shift) {
-  MemorySurface* const surface = focusedSurface();
-  if (surface) surface->keyUp(tracker_.focus().place, keyCode, shift);
+  if (MemorySurface* const surface = focused())
+    surface->keyUp(tracker_.focus().place, keyCode, shift);
 }
 
 void Form::paste(StringView text) {
-  MemorySurface* const surface = focusedSurface();
-  if (surface) surface->textBox().paste(text);
+  if (MemorySurface* const surface = focused()) surface->textBox().paste(text);
 }
 
 }  // namespace keyscout

@@ -19,9 +19,25 @@ DropDownList& MemorySurface::addDropDownList(StringView name, DropDownListReport
 
 void MemorySurface::removeChild(StringView name) {
   form_.onCall("removeChild");
-  if (!list_ || name != listName_) throw platformFailure(PlatformError::invalidArgument, u"ControlSurface");
+  if (!list_ || name != listName_)
+    throw platformFailure(PlatformError::invalidArgument, u"ControlSurface");
   list_.reset();
   form_.focusTracker().listRemoved(*this);
+}
+
+std::optional<PlayableSurface::ListView> MemorySurface::listView() const {
+  if (!list_) return std::nullopt;
+  const auto& entries = list_->entries();
+  return ListView{{entries.begin(), entries.end()},
+                  list_->selectedIndex(),
+                  list_->isDropped(),
+                  list_->redraws()};
+}
+
+std::optional<FocusPlace> MemorySurface::focusPlace() const {
+  const FocusTracker::Focus focus = form_.focusTracker().focus();
+  if (focus.control != this) return std::nullopt;
+  return focus.place;
 }
 
 void MemorySurface::resize(float width) {
@@ -34,6 +50,11 @@ void MemorySurface::click(std::int16_t entry) {
   form_.focusTracker().moveTo(*this, FocusPlace::list);
   // The reports of that move may have removed the list.
   if (const auto list = list_) list->choose(entry);
+}
+
+void MemorySurface::mouse(MouseReport report, std::int16_t button, std::int16_t shift, float x,
+                          float y) {
+  textBox_.mouse(report, button, shift, x, y);
 }
 
 // A host may move the focus from inside a handler of the list, which can remove it: it lives on

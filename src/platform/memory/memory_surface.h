@@ -10,8 +10,8 @@
 
 namespace keyscout {
 
-/// The place of one control on a form in memory, 100 wide at first and without the focus.
-class MemorySurface final : public ControlSurface, private FocusReports {
+/// The place of one control on a form in memory.
+class MemorySurface final : public PlayableSurface, private FocusReports {
  public:
   explicit MemorySurface(Form& form) : form_(form), textBox_(form, *this, width_) {}
   ~MemorySurface() override { form_.focusTracker().forget(*this); }
@@ -20,7 +20,6 @@ class MemorySurface final : public ControlSurface, private FocusReports {
 
   void observe(SurfaceReports* surface, TextBoxReports* textBox) override;
   MemoryTextBox& textBox() override { return textBox_; }
-  const MemoryTextBox& textBox() const { return textBox_; }
   DropDownList& addDropDownList(StringView name, DropDownListReports& reports) override;
   void removeChild(StringView name) override;
   float width() const override { return width_; }
@@ -34,11 +33,13 @@ class MemorySurface final : public ControlSurface, private FocusReports {
   const MemoryList* list() const { return list_.get(); }
   Boolean enabled() const { return enabled_; }
   std::int16_t mousePointer() const { return mousePointer_; }
-  bool hasFocus(FocusPlace place) const { return form_.focusTracker().has(*this, place); }
 
-  void resize(float width);
-  /// A mouse click on an entry of the list, which must exist.
-  void click(std::int16_t entry);
+  std::optional<ListView> listView() const override;
+  std::optional<FocusPlace> focusPlace() const override;
+  void resize(float width) override;
+  void click(std::int16_t entry) override;
+  void mouse(MouseReport report, std::int16_t button, std::int16_t shift, float x,
+             float y) override;
 
  private:
   friend class Form;

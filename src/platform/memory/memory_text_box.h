@@ -47,7 +47,6 @@ class MemoryTextBox final : public TextBox {
   void keyUp(std::int16_t keyCode, std::int16_t shift);
   void paste(StringView text);
 
-  enum class MouseReport { down, move, up, click, doubleClick };
   void mouse(MouseReport report, std::int16_t button, std::int16_t shift, float x, float y);
 
  private:

@@ -1,0 +1,26 @@
+#include "apps/cli/play/fault_plan.h"
+
+#include <algorithm>
+
+#include "platform/error.h"
+
+namespace keyscout {
+
+bool FaultPlan::knows(std::string_view operation) {
+  static constexpr std::string_view operations[] = {
+      "append",     "removeFirst", "clear",          "entryText",    "select",
+      "entryCount", "setFocus",    "setText",        "showDropDown", "setRedraw",
+      "openFile",   "readLine",    "enterProcedure", "exitProcedure"};
+  return std::ranges::find(operations, operation) != std::end(operations);
+}
+
+void FaultPlan::onCall(std::string_view operation) {
+  bool fails = false;
+  for (Fault& fault : faults_) {
+    if (fault.operation == operation && --fault.callsLeft == 0) fails = true;
+  }
+  std::erase_if(faults_, [](const Fault& fault) { return fault.callsLeft == 0; });
+  if (fails) throw platformFailure(PlatformError::fileAccess, u"play");
+}
+
+}  // namespace keyscout

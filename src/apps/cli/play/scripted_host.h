@@ -1,0 +1,79 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+
+#include "apps/cli/play/answer.h"
+#include "apps/cli/play/event_handlers.h"
+#include "apps/cli/play/fault_plan.h"
+#include "apps/cli/play/scripted_control.h"
+#include "controller/keyscout_controller.h"
+#include "platform/local/local_library.h"
+#include "platform/memory/form.h"
+#include "platform/memory/hooked_files.h"
+#include "platform/memory/hooked_trace.h"
+#include "platform/portable_text_rules.h"
+#include "platform/system_clock.h"
+
+namespace keyscout {
+
+/// A host application that is driven by commands: one controller and any number of controls on one
+/// form.
+class ScriptedHost {
+ public:
+  explicit ScriptedHost(Files& files);
+  ~ScriptedHost();
+  ScriptedHost(const ScriptedHost&) = delete;
+  ScriptedHost& operator=(const ScriptedHost&) = delete;
+
+  /// Runs one command, a JSON object in UTF-8, and answers it.
+  Json run(const std::string& line);
+
+ private:
+  using Command = Json (ScriptedHost::*)(const Json& command);
+  static const std::map<std::string, Command>& commands();
+
+  Json dispatch(const Json& command);
+  ScriptedControl& named(const Json& command);
+  PlayableSurface* focused() const { return form_.focusedSurface(); }
+
+  Json setOnController(const Json& command);
+  Json getFromController(const Json& command);
+  Json callOnController(const Json& command);
+  Json newControl(const Json& command);
+  Json freeControl(const Json& command);
+  Json setOnControl(const Json& command);
+  Json getFromControl(const Json& command);
+  Json callOnControl(const Json& command);
+  Json resizeControl(const Json& command);
+  Json moveFocus(const Json& command);
+  Json type(const Json& command);
+  Json paste(const Json& command);
+  Json pressKey(const Json& command);
+  Json click(const Json& command);
+  Json mouse(const Json& command);
+  Json setHandler(const Json& command);
+  Json setAnswer(const Json& command);
+  Json planFault(const Json& command);
+  Json switchTrace(const Json& command);
+  Json state(const Json& command);
+  Json shared(const Json& command);
+
+  FaultPlan faults_;
+  Form form_{&faults_};
+  HookedFiles files_;
+  SystemClock clock_;
+  PortableTextRules textRules_;
+  Happenings happenings_;
+  ScriptedMessageBox messageBox_{happenings_};
+  std::shared_ptr<CollectingTrace> trace_ = std::make_shared<CollectingTrace>();
+  LocalLibrary library_{std::make_shared<HookedTrace>(trace_, faults_)};
+  Platform platform_;
+  RWKeyscoutController controller_{platform_};
+  EventHandlers handlers_{controller_};
+  std::map<std::string, std::unique_ptr<ScriptedControl>> controls_;
+  bool showsTrace_ = false;
+};
+
+}  // namespace keyscout
