@@ -44,11 +44,11 @@ bool LookupEngine::fillList(const String& key, std::int16_t maxCount, const Stri
 
   if (isFull()) return true;
   if (!file->atEnd()) {
-    std::string_view candidate;
-    do candidate = file->readLine();
-    while (isAbove(key, CatalogLine{candidate}.catalogColumns(), platform_.codePage) &&
-           !file->atEnd());
-    offer(candidate, brandFilter);
+    const KeyOrder order{key, platform_.codePage};
+    offer(file->readUntil([&](std::string_view line) {
+      return !order.isAbove(CatalogLine{line}.catalogColumns());
+    }),
+          brandFilter);
   }
 
   while (!isFull()) {

@@ -40,6 +40,30 @@ class SequentialFile {
     return readLineAcrossBlocks();
   }
 
+  /// Reads lines up to the first that is `wanted`, or to the last; the last line read, as
+  /// `readLine` gives it. A line must be left. The file must be in order: once a line is wanted,
+  /// all that follow are, so that a whole block of lines is passed over when its last one is not.
+  template <class Wanted>
+  std::string_view readUntil(Wanted&& wanted) {
+    std::string_view line;
+    for (;;) {
+      const std::string_view block = linesInMemory();
+      if (isFull() && !block.empty() && !wanted(line = lastLineOf(block))) {
+        position_ = block.data() + block.size();
+      } else {
+        for (std::size_t left = block.size(); left != 0;) {
+          const char* const start = position_;
+          line = readLine();
+          if (wanted(line)) return line;
+          left -= static_cast<std::size_t>(position_ - start);
+        }
+      }
+      if (!block.empty() && atEnd()) return line;
+      line = readLine();
+      if (wanted(line) || atEnd()) return line;
+    }
+  }
+
  protected:
   /// Puts up to `room` next bytes of the file at `to`; how many, 0 at the end of the file only.
   virtual std::size_t read(char* to, std::size_t room) = 0;
@@ -48,6 +72,21 @@ class SequentialFile {
   static std::size_t lengthWithoutReturn(const char* start, const char* end) {
     const bool hasReturn = end != start && end[-1] == '\r';
     return static_cast<std::size_t>(end - start) - (hasReturn ? 1 : 0);
+  }
+
+  bool isFull() const { return limit_ == buffer_.get() + capacity_; }
+
+  /// The unread lines that are wholly in memory.
+  std::string_view linesInMemory() const {
+    const std::string_view unread{position_, static_cast<std::size_t>(limit_ - position_)};
+    return unread.substr(0, unread.rfind('\n') + 1);
+  }
+
+  static std::string_view lastLineOf(std::string_view lines) {
+    const char* const end = lines.data() + lines.size() - 1;
+    lines.remove_suffix(1);
+    const char* const start = lines.data() + lines.rfind('\n') + 1;
+    return {start, lengthWithoutReturn(start, end)};
   }
 
   bool bringMore() noexcept;

@@ -15,6 +15,7 @@ using StringView = std::u16string_view;
 /// `text` without its leading and trailing space characters; other white space stays.
 template <class Char>
 constexpr std::basic_string_view<Char> trimmed(std::basic_string_view<Char> text) {
+  if (!text.empty() && text.front() != Char{' '} && text.back() != Char{' '}) return text;
   const auto first = text.find_first_not_of(Char{' '});
   if (first == text.npos) return {};
   return text.substr(first, text.find_last_not_of(Char{' '}) - first + 1);

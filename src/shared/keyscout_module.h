@@ -7,6 +7,7 @@
 
 #include "platform/boolean.h"
 #include "platform/brand_list.h"
+#include "platform/error.h"
 #include "platform/keyed_collection.h"
 #include "platform/object_library.h"
 #include "shared/catalog_table_entry.h"
@@ -56,12 +57,25 @@ struct keyscoutModule {
 
   // The index's fields at subscript i, trimmed; an i outside 0 to 1000 fails with subscript out of
   // range (9). The views are valid until the next load.
-  StringView getTableNumber(std::int16_t i) const;
-  StringView getFirstCatalog(std::int16_t i) const;
-  StringView getLastCatalog(std::int16_t i) const;
+  StringView getTableNumber(std::int16_t i) const {
+    return field(i, &CatalogTableEntry::tableNumber);
+  }
+  StringView getFirstCatalog(std::int16_t i) const {
+    return field(i, &CatalogTableEntry::firstCatalog);
+  }
+  StringView getLastCatalog(std::int16_t i) const {
+    return field(i, &CatalogTableEntry::lastCatalog);
+  }
 
  private:
-  StringView field(std::int16_t i, String CatalogTableEntry::*member) const;
+  // In sight of the compiler, since a search asks for hundreds of them.
+  StringView field(std::int16_t i, String CatalogTableEntry::*member) const {
+    if (i < 0 || i >= catalogTableCapacity)
+      throw platformFailure(PlatformError::subscriptOutOfRange, u"keyscoutModule");
+    const auto subscript = static_cast<std::size_t>(i);
+    if (subscript >= catalogTableIndex.size()) return {};
+    return trimmed(catalogTableIndex[subscript].*member);
+  }
 };
 
 }  // namespace keyscout
