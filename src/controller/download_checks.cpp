@@ -2,11 +2,10 @@
 
 #include "controller/keyscout_controller.h"
 #include "controller/procedures.h"
+#include "shared/download_format.h"
 
 namespace keyscout {
 namespace {
-
-constexpr StringView currentFormatHeader = u"FORMAT=[INDEX(10)][CATALOG(60)][BRAND(50)]";
 
 bool is(const Error& error, KeyscoutErrorCodes code) {
   return error.number() == static_cast<std::int32_t>(code);

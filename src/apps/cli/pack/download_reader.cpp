@@ -1,0 +1,89 @@
+#include "apps/cli/pack/download_reader.h"
+
+#include <string>
+#include <system_error>
+
+#include "lookup/catalog_line.h"
+#include "platform/code_page.h"
+#include "platform/error.h"
+#include "platform/utf8.h"
+#include "shared/download_format.h"
+
+namespace keyscout {
+namespace {
+
+constexpr std::size_t leastRecord = indexWidth + numberWidth;
+constexpr std::size_t mostRecord = leastRecord + brandWidth;
+
+InputFile openDownload(const std::filesystem::path& path) try {
+  return InputFile{path};
+} catch (const std::runtime_error& failure) {
+  throw PackError(pathText(path) + ": The download cannot be opened: " + failure.what(),
+                  ExitStatus::unusable);
+}
+
+std::uint64_t sizeOf(const std::filesystem::path& path) {
+  std::error_code failure;
+  const auto size = std::filesystem::file_size(path, failure);
+  return failure ? 0 : size;
+}
+
+std::size_t lengthWithoutBlanksBehind(std::string_view line) {
+  return line.find_last_not_of(' ') + 1;
+}
+
+}  // namespace
+
+DownloadReader::DownloadReader(const std::filesystem::path& path)
+    : path_(path), file_(openDownload(path)), size_(sizeOf(path)) {}
+
+void DownloadReader::readHeader() {
+  const std::string_view header = file_.atEnd() ? std::string_view{} : readLine();
+  line_ = 1;
+  if (windows1252().decode(header) != currentFormatHeader)
+    throw refusal("The first line must be exactly " + toUtf8(currentFormatHeader) +
+                  "; download the catalog in this format.");
+}
+
+bool DownloadReader::readRecord(DownloadRecord& record) {
+  while (!file_.atEnd()) {
+    const std::string_view line = readLine();
+    const std::size_t length = lengthWithoutBlanksBehind(line);
+    if (length == 0) continue;
+    if (line.size() < leastRecord)
+      throw refusal("The record has " + std::to_string(line.size()) + " columns; fill it up with " +
+                    "blanks to at least " + std::to_string(leastRecord) + '.');
+    if (length > mostRecord)
+      throw refusal("The record has " + std::to_string(length) + " columns; shorten it to " +
+                    std::to_string(mostRecord) + " at most.");
+
+    const CatalogLine fields{line};
+    checkIndex(fields.index());
+    record = {line_, columns(line, 1, indexWidth), fields.catalogNumber(), fields.brand()};
+    if (record.number.empty())
+      throw refusal(
+          "The catalog number in columns 11 to 70 is blank; give the record one or remove "
+          "the line.");
+    return true;
+  }
+  return false;
+}
+
+std::string_view DownloadReader::readLine() try {
+  ++line_;
+  const std::string_view line = file_.readLine();
+  bytesRead_ += line.size() + 2;
+  return line;
+} catch (const std::runtime_error& failure) {
+  throw refusal(std::string{"The download cannot be read on from here: "} + failure.what() + '.');
+}
+
+void DownloadReader::checkIndex(std::string_view index) try {
+  windows1252().decode(index, index_);
+  parseInt32(index_);
+} catch (const Error&) {
+  throw refusal("The index \"" + toUtf8(index_) +
+                "\" in columns 1 to 10 must be a decimal number of 32 bits; correct it.");
+}
+
+}  // namespace keyscout

@@ -1,0 +1,158 @@
+#include "apps/cli/pack/pack_catalog.h"
+
+#include <algorithm>
+#include <exception>
+#include <string>
+#include <system_error>
+
+#include "apps/cli/pack/brand_writer.h"
+#include "apps/cli/pack/control_file.h"
+#include "apps/cli/pack/directory_files.h"
+#include "apps/cli/pack/download_reader.h"
+#include "apps/cli/pack/duplicate_check.h"
+#include "apps/cli/pack/external_sorter.h"
+#include "apps/cli/pack/line_payload.h"
+#include "apps/cli/pack/number_order.h"
+#include "apps/cli/pack/staging_folder.h"
+#include "apps/cli/pack/table_writer.h"
+#include "platform/code_page.h"
+#include "shared/download_format.h"
+#include "shared/keyscout_module.h"
+
+namespace keyscout {
+namespace {
+
+constexpr std::uint64_t mostTables = keyscoutModule::catalogTableCapacity;
+constexpr std::uint64_t usualLinesPerTable = 200;
+constexpr std::uint64_t recordsPerReport = 1024;
+
+std::uint64_t dividedRoundingUp(std::uint64_t number, std::uint64_t divisor) {
+  return number / divisor + (number % divisor != 0 ? 1 : 0);
+}
+
+/// How many lines of `records` go into each table.
+std::uint64_t linesPerTable(std::uint64_t records, std::optional<std::uint64_t> wanted) {
+  const std::uint64_t least = dividedRoundingUp(records, mostTables);
+  if (wanted && *wanted < least)
+    throw PackError(std::to_string(records) + " records make more than " +
+                        std::to_string(mostTables) + " tables of " + std::to_string(*wanted) +
+                        " lines; put " + std::to_string(least) + " or more lines into a table.",
+                    ExitStatus::unusable);
+  return wanted.value_or(std::max(usualLinesPerTable, least));
+}
+
+/// The way of one download through sorting into the files of a staging folder.
+class Packing {
+ public:
+  Packing(const PackOptions& options, const PackProgress& progress, DownloadReader& download,
+          const StagingFolder& staging)
+      : options_(options),
+        progress_(progress),
+        download_(download),
+        staging_(staging),
+        byNumber_(staging.scratch(), "number", options.memory / 5 * 4),
+        duplicates_(options.download, order_, staging.scratch(), options.memory / 5) {}
+
+  PackSummary run() {
+    readDownload();
+    summary_.linesPerTable = linesPerTable(summary_.records, options_.linesPerTable);
+    writeTables();
+    return summary_;
+  }
+
+ private:
+  void readDownload() {
+    BrandWriter brands{staging_.catalog(), order_};
+    download_.readHeader();
+    DownloadRecord record;
+    std::string key;
+    std::string payload;
+    while (download_.readRecord(record)) {
+      order_.toKey(record.number, key);
+      setLinePayload(payload, record.line);
+      payload += record.index;
+      payload += record.brand;
+      byNumber_.add({key, payload});
+      duplicates_.collect({key, record.line});
+      brands.add(record.brand);
+      if (++summary_.records % recordsPerReport == 0)
+        report("Reading", download_.bytesRead(), download_.size());
+    }
+    if (summary_.records == 0) throw download_.refusal("The download holds no records.");
+    brands.close();
+    summary_.brands = brands.count();
+  }
+
+  void writeTables() {
+    TableWriter tables{staging_.catalog(), options_.indexName, summary_.linesPerTable};
+    std::string number;
+    std::uint64_t written = 0;
+    while (const SortRecord* record = byNumber_.next()) {
+      const LinePayload payload{record->payload};
+      duplicates_.check({record->key, payload.line});
+      order_.toText(record->key, number);
+      tables.add({payload.text.substr(0, indexWidth), number, payload.text.substr(indexWidth)});
+      if (++written % recordsPerReport == 0) report("Writing", written, summary_.records);
+    }
+    duplicates_.checkRest();
+    summary_.tables = tables.finish();
+  }
+
+  void report(std::string_view step, std::uint64_t done, std::uint64_t total) const {
+    if (progress_) progress_(step, done, total);
+  }
+
+  const PackOptions& options_;
+  const PackProgress& progress_;
+  DownloadReader& download_;
+  const StagingFolder& staging_;
+  const NumberOrder order_{windows1252()};
+  ExternalSorter byNumber_;
+  DuplicateCheck duplicates_;
+  PackSummary summary_;
+};
+
+bool isSameFile(const std::filesystem::path& a, const std::filesystem::path& b) {
+  std::error_code noSuchFile;
+  return std::filesystem::equivalent(a, b, noSuchFile);
+}
+
+void removeStaleTables(const std::filesystem::path& directory, std::uint64_t tables) {
+  for (std::uint64_t i = tables; i < mostTables; ++i)
+    std::filesystem::remove(directory / DirectoryFiles::table(i));
+}
+
+PackSummary packInto(const std::filesystem::path& directory, const PackOptions& options,
+                     const PackProgress& progress, DownloadReader& download) {
+  const StagingFolder staging{directory};
+  PackSummary summary = Packing{options, progress, download, staging}.run();
+  summary.indexName = options.indexName;
+  summary.downloadName = options.download.filename();
+  if (!isSameFile(options.download, directory / summary.downloadName))
+    std::filesystem::copy_file(options.download, staging.catalog() / summary.downloadName);
+  staging.install();
+  removeStaleTables(directory, summary.tables);
+  return summary;
+}
+
+}  // namespace
+
+PackSummary packCatalog(const PackOptions& options, const PackProgress& progress) try {
+  checkNames(options.download, options.indexName);
+  if (options.linesPerTable == 0)
+    throw PackError("A table needs at least 1 line.", ExitStatus::unusable);
+  DownloadReader download{options.download};
+
+  std::filesystem::create_directories(options.directory);
+  ControlFile control{options.directory};
+  const PackSummary summary = packInto(options.directory, options, progress, download);
+  control.setReady();
+  return summary;
+} catch (const PackError&) {
+  throw;
+} catch (const std::exception& failure) {
+  throw PackError(std::string{"The catalog could not be packed: "} + failure.what(),
+                  ExitStatus::unusable);
+}
+
+}  // namespace keyscout

@@ -1,0 +1,56 @@
+#include "apps/cli/pack/pack_command.h"
+
+#include <CLI/CLI.hpp>
+#include <iostream>
+#include <memory>
+
+#include "apps/cli/pack/pack_catalog.h"
+#include "apps/cli/progress_bar.h"
+#include "apps/cli/terminal.h"
+
+namespace keyscout {
+namespace {
+
+void print(const PackSummary& summary, const std::filesystem::path& directory) {
+  std::cout << "Records:          " << summary.records << '\n'
+            << "Tables:           " << summary.tables << '\n'
+            << "Lines per table:  " << summary.linesPerTable << '\n'
+            << "Brands:           " << summary.brands << '\n'
+            << "To be set in the host:\n"
+            << "  KeyscoutDirectory           " << pathText(directory) << '\n'
+            << "  KeyscoutIndexFile           " << pathText(summary.indexName) << '\n'
+            << "  CatalogNumbersDownloadFile  " << pathText(summary.downloadName) << '\n';
+}
+
+int pack(const PackOptions& options) try {
+  PackSummary summary;
+  {
+    ProgressBar bar{std::cerr, isTerminal(StandardStream::error)};
+    summary = packCatalog(options, [&](std::string_view step, std::uint64_t done,
+                                       std::uint64_t total) { bar.show(step, done, total); });
+  }
+  print(summary, options.directory);
+  return ExitStatus::success;
+} catch (const PackError& failure) {
+  std::cerr << failure.what() << '\n';
+  return failure.exitStatus();
+}
+
+}  // namespace
+
+void addPackCommand(CLI::App& app, int& status) {
+  auto options = std::make_shared<PackOptions>();
+  CLI::App* command = app.add_subcommand("pack", "Make a data directory from a catalog download");
+  command->add_option("DOWNLOAD", options->download, "The catalog download")->required();
+  command->add_option("DIR", options->directory, "The data directory, made where there is none")
+      ->required();
+  command
+      ->add_option("--lines", options->linesPerTable,
+                   "Lines of a table; otherwise 200, or more where 1001 tables would not do")
+      ->check(CLI::PositiveNumber);
+  command->add_option("--index", options->indexName, "The name of the index file")
+      ->capture_default_str();
+  command->callback([options, &status] { status = pack(*options); });
+}
+
+}  // namespace keyscout
