@@ -3,7 +3,7 @@
 #include <iostream>
 
 #include "apps/cli/exit_status.h"
-
+#include "apps/cli/pack/pack_command.h"
 #include "apps/cli/play/play_command.h"
 
 int main(int argc, char** argv) {
@@ -17,6 +17,7 @@ int main(int argc, char** argv) {
   // Each command registers its arguments and leaves its exit status here.
   int status = ExitStatus::success;
   addPlayCommand(app, status);
+  addPackCommand(app, status);
 
   try {
     app.parse(argc, argv);
