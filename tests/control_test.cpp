@@ -1,0 +1,355 @@
+#include <gtest/gtest.h>
+
+#include "platform/utf8.h"
+#include "support/stage.h"
+
+namespace keyscout::test {
+namespace {
+
+using Keys = std::vector<std::pair<std::int16_t, std::int16_t>>;  // key code and modifiers
+
+class Control : public testing::Test {
+ protected:
+  Control() {
+    stage.start(directory);
+    stage.focus(*control);
+    stage.takeTrace();
+  }
+  void press(const Keys& keys) {
+    for (const auto& [code, shift] : keys) stage.press(code, shift);
+  }
+  /// "text", "list" or "-" where the control has the focus in neither.
+  std::string focus() const {
+    const auto place = control->surface->focusPlace();
+    if (place == FocusPlace::textBox) return "text";
+    return place == FocusPlace::list ? "list" : "-";
+  }
+  const ControlFields& fields() const { return control->control.fields(); }
+
+  DataDirectory directory{{series("A", 20, {"ACME", "BOLT"}), series("B", 5)}};
+  Stage stage;
+  std::unique_ptr<StagedControl> control = stage.addControl();
+};
+
+TEST_F(Control, RaisesItsEventsAroundTheLookup) {
+  control->events.handlers["needBrand"] = [&] { control->control.setBrand(u"BOLT"); };
+  stage.type(u"a");
+  EXPECT_EQ(control->events.take(), (Strings{"KeyDown(65)", "needBrand", "Change", "KeyUp(65)"}));
+  EXPECT_EQ(control->entries().front(), "A001") << "the brand set in needBrand counts at once";
+  EXPECT_EQ(
+      stage.takeTrace(),
+      (Strings{"> keyscoutText_KeyDown()", "< keyscoutText_KeyDown()", "> keyscoutText_Change()",
+               "> keyInKeyscout", "> findTableNumber", "< findTableNumber", "> loadKeyscoutCombo",
+               "< loadKeyscoutCombo", "> showList()", "< showList()", "< keyInKeyscout",
+               "< keyscoutText_Change()"}));
+  EXPECT_TRUE(fields().suppressAccept) << "from the key that came up";
+}
+
+TEST_F(Control, MovesBetweenTextAndListByKeys) {
+  constexpr std::int16_t alt = Modifier::alt;
+  struct Case {
+    std::string name;
+    Keys keys;  // after "a" was typed
+    std::string focus;
+    int selected;
+    bool dropped;
+    Strings events;
+  };
+  const Case cases[] = {
+      {"down", {{KeyCodes::down, 0}}, "list", 0, true, {"KeyDown(40)"}},
+      {"down twice", {{KeyCodes::down, 0}, {KeyCodes::down, 0}}, "list", 1, true, {"KeyDown(40)"}},
+      {"up", {{KeyCodes::up, 0}}, "text", -1, false, {"KeyDown(38)", "KeyUp(38)"}},
+      {"enter, none selected",
+       {{KeyCodes::enter, 0}},
+       "text",
+       -1,
+       false,
+       {"KeyDown(13)", "KeyUp(13)"}},
+      {"shifted down", {{KeyCodes::down, 1}}, "text", -1, true, {"KeyDown(40,1)", "KeyUp(40,1)"}},
+      {"alt", {{65, alt}}, "text", -1, false, {"KeyDown(65,4)", "KeyUp(65,4)"}},
+      {"alt and ctrl", {{65, alt | 2}}, "text", -1, true, {"KeyDown(65,6)", "KeyUp(65,6)"}},
+      {"page down",
+       {{KeyCodes::down, 0}, {KeyCodes::pageDown, 0}},
+       "list",
+       7,
+       true,
+       {"KeyDown(40)"}},
+      {"back up",
+       {{KeyCodes::down, 0}, {KeyCodes::up, 0}},
+       "text",
+       0,
+       false,
+       {"KeyDown(40)", "KeyUp(38)"}},
+      {"alt up",
+       {{KeyCodes::down, 0}, {KeyCodes::up, alt}},
+       "text",
+       0,
+       false,
+       {"KeyDown(40)", "KeyUp(38,4)"}},
+      {"escape in the list",
+       {{KeyCodes::down, 0}, {KeyCodes::escape, 0}},
+       "list",
+       0,
+       true,
+       {"KeyDown(40)"}},
+  };
+  for (const Case& c : cases) {
+    control->control.setText(u"");
+    control->control.hideList();
+    stage.form->leaveFocus();
+    stage.focus(*control);
+    stage.type(u"a");
+    control->events.take();
+    press(c.keys);
+    EXPECT_EQ(focus(), c.focus) << c.name;
+    EXPECT_EQ(control->selected(), c.selected) << c.name;
+    EXPECT_EQ(control->isDropped(), c.dropped) << c.name;
+    EXPECT_EQ(static_cast<bool>(control->control.isListShowing()), c.dropped) << c.name;
+    EXPECT_EQ(control->events.take(), c.events) << c.name;
+    EXPECT_EQ(control->text(), "a") << c.name;
+  }
+}
+
+TEST_F(Control, AcceptsFromTheListAndByClick) {
+  const std::function<void()> ways[] = {
+      [&] {
+        press({{KeyCodes::down, 0}, {KeyCodes::down, 0}, {KeyCodes::enter, 0}});
+      },
+      [&] { control->surface->click(1); }};
+  for (const auto& accept : ways) {
+    control->control.setText(u"");
+    stage.type(u"a");
+    control->events.take();
+    accept();
+    Strings events = control->events.take();
+    std::erase_if(events, [](const std::string& event) { return event.starts_with("Key"); });
+    EXPECT_EQ(events, (Strings{"brandChanged(BOLT)", "needBrand", "Change"}));
+    EXPECT_EQ(control->text(), "A001");
+    EXPECT_EQ(control->control.selStart(), 4);
+    EXPECT_EQ(control->control.selLength(), 0);
+    EXPECT_EQ(focus(), "text");
+    EXPECT_FALSE(control->isDropped());
+    EXPECT_FALSE(fields().skipNextLookup);
+    EXPECT_EQ(control->control.lookupFields().lastLookupText, u"a") << "accepting looks nothing up";
+  }
+}
+
+TEST_F(Control, AcceptsByEnterInTheTextBox) {
+  stage.type(u"a");
+  press({{KeyCodes::down, 0}, {KeyCodes::down, 0}});
+  stage.focus(*control);
+  control->events.take();
+  stage.form->keyDown(KeyCodes::enter, 0);
+  EXPECT_EQ(control->events.take(), (Strings{"brandChanged(BOLT)", "needBrand", "Change"}))
+      << "no KeyDown for this Enter";
+  EXPECT_TRUE(fields().suppressAccept);
+  EXPECT_FALSE(fields().suppressKeyDownEvent);
+  stage.form->keyUp(KeyCodes::enter, 0);
+  EXPECT_EQ(control->text(), "A001") << "the carriage return never arrives";
+}
+
+TEST_F(Control, ExtendsTheListAtItsLastEntry) {
+  stage.type(u"a01");
+  press({{KeyCodes::down, 0}});
+  for (int i = 0; i < 7; ++i) press({{KeyCodes::down, 0}});
+  EXPECT_EQ(control->entries().size(), 9U);
+  press({{KeyCodes::down, 0}, {KeyCodes::down, 0}});
+  EXPECT_EQ(control->entries().back(), "B004") << "into the next table, to the end of the catalog";
+  EXPECT_EQ(control->selected(), 9);
+  EXPECT_EQ(control->entries().size(), 15U);
+  EXPECT_TRUE(control->control.lookupFields().endOfCatalogReached);
+  EXPECT_EQ(focus(), "list");
+}
+
+TEST_F(Control, LeavesFillerLinesAlone) {
+  stage.type(u"b");
+  ASSERT_EQ(control->entries().size(), 8U);
+  press({{KeyCodes::down, 0}, {KeyCodes::pageDown, 0}, {KeyCodes::down, 0}});
+  EXPECT_EQ(control->selected(), 7);
+  EXPECT_EQ(control->entries().size(), 8U);
+  press({{KeyCodes::enter, 0}});
+  EXPECT_EQ(control->text(), "b");
+  EXPECT_EQ(focus(), "text");
+  EXPECT_FALSE(control->isDropped());
+}
+
+TEST_F(Control, TypingInTheListReturnsToTheText) {
+  stage.type(u"a");
+  press({{KeyCodes::down, 0}});
+  stage.type(u"x");
+  EXPECT_EQ(focus(), "text");
+  EXPECT_TRUE(control->isDropped());
+  EXPECT_EQ(control->text(), "a");
+}
+
+TEST_F(Control, LooksNothingUpUnlessServing) {
+  struct Case {
+    std::string name;
+    Boolean enabled, authenticated, locked;
+  };
+  const Case cases[] = {{"disabled", False, True, False},
+                        {"not authenticated", True, False, False},
+                        {"locked", True, True, True}};
+  for (const Case& c : cases) {
+    control->control.setText(u"");
+    stage.controller.setKeyscoutEnabled(True);
+    stage.controller.setIsKeyscoutAuthenticated(True);
+    stage.controller.setKeyscoutLocked(False);
+    stage.type(u"a");
+    stage.controller.setKeyscoutEnabled(c.enabled);
+    stage.controller.setIsKeyscoutAuthenticated(c.authenticated);
+    stage.controller.setKeyscoutLocked(c.locked);
+    control->events.take();
+    stage.type(u"0");
+    press({{KeyCodes::down, 0}, {KeyCodes::enter, 0}});
+    EXPECT_EQ(control->events.take(),
+              (Strings{"KeyDown(48)", "needBrand", "Change", "KeyUp(48)", "KeyDown(40)",
+                       "KeyUp(40)", "KeyDown(13)", "KeyUp(13)"}))
+        << c.name;
+    EXPECT_EQ(focus(), "text") << c.name;
+    EXPECT_EQ(control->control.lookupFields().lastLookupText, u"a") << c.name;
+    press({{65, Modifier::alt}});
+    EXPECT_FALSE(control->isDropped()) << "Alt closes always: " << c.name;
+  }
+}
+
+TEST_F(Control, AcceptsForTheHostEvenWhileLocked) {
+  stage.type(u"a");
+  press({{KeyCodes::down, 0}});
+  control->control.lockKeyscout();
+  press({{KeyCodes::enter, 0}});
+  EXPECT_EQ(control->text(), "a") << "a locked list accepts nothing";
+  control->control.doit();
+  EXPECT_EQ(control->text(), "A000");
+  EXPECT_TRUE(fields().skipNextLookup) << "a locked change leaves it";
+  EXPECT_EQ(focus(), "text");
+}
+
+TEST_F(Control, FailsToTheHostWhenItCannotAccept) {
+  EXPECT_EQ(errorOf([&] { control->control.doit(); }), 0) << "nothing is selected";
+  stage.form->leaveFocus();
+  EXPECT_EQ(errorOf([&] { control->control.doit(); }), PlatformError::objectNotSet);
+  EXPECT_FALSE(stage.controller.KeyscoutLocked());
+  const Strings trace = stage.takeTrace();
+  EXPECT_EQ(trace.back(), "! doit 91");
+}
+
+TEST_F(Control, WritesTextForTheHostWithoutLookup) {
+  for (const Boolean enabled : {True, False}) {
+    stage.controller.setKeyscoutEnabled(enabled);
+    control->events.take();
+    control->control.setText(u"A00");
+    EXPECT_EQ(control->events.take(), (Strings{"needBrand", "Change"}));
+    EXPECT_EQ(stage.controller.KeyscoutEnabled(), enabled);
+    EXPECT_EQ(control->entries(), Strings{});
+  }
+}
+
+TEST_F(Control, LetsTheHostSwallowAKey) {
+  control->events.keyCodeToWriteBack = 0;
+  stage.type(u"ab");
+  EXPECT_EQ(control->text(), "");
+  control->events.keyCodeToWriteBack = -1;
+  stage.type(u"ab");
+  control->events.keyCodeToWriteBack = KeyCodes::backspace;
+  press({{KeyCodes::escape, 0}});
+  EXPECT_EQ(control->text(), "a") << "what the host writes back is what the text box processes";
+}
+
+TEST_F(Control, KeepsTheListWhileItIsNeeded) {
+  EXPECT_EQ(control->control.keyscoutList() != nullptr, true);
+  stage.form->leaveFocus();
+  EXPECT_EQ(control->control.keyscoutList(), nullptr);
+
+  stage.focus(*control);
+  stage.type(u"a");
+  stage.focus(*control, FocusPlace::list);
+  EXPECT_NE(control->control.keyscoutList(), nullptr)
+      << "dropped down, it takes the focus and stays";
+  stage.focus(*control);
+  const auto other = stage.addControl();
+  stage.focus(*other);
+  EXPECT_FALSE(control->control.isListShowing());
+  EXPECT_FALSE(control->isDropped()) << "the focus left: the drop-down is closed";
+
+  stage.focus(*control, FocusPlace::surface);
+  stage.focus(*control);
+  stage.type(u"0");
+  stage.focus(*control, FocusPlace::surface);
+  EXPECT_TRUE(control->isDropped());
+  stage.form->leaveFocus();
+  EXPECT_FALSE(control->control.isListShowing()) << "the surface's own loss only clears the flag";
+}
+
+TEST_F(Control, ForwardsTheMouse) {
+  stage.type(u"a");
+  control->events.take();
+  for (const auto report :
+       {MouseReport::down, MouseReport::move, MouseReport::click, MouseReport::doubleClick})
+    control->surface->mouse(report, 1, 0, 5, 5);
+  EXPECT_TRUE(control->isDropped());
+  control->events.handlers["MouseUp"] = [&] { EXPECT_TRUE(control->isDropped()); };
+  control->surface->mouse(MouseReport::up, 1, 0, 5, 5);
+  EXPECT_FALSE(control->isDropped());
+  EXPECT_EQ(control->events.take(),
+            (Strings{"MouseDown", "MouseMove", "Click", "DblClick", "MouseUp"}));
+}
+
+TEST_F(Control, HasProperties) {
+  keyscoutControl& c = control->control;
+  c.setText(u"0123456789");
+  c.setSelStart(3);
+  c.setSelLength(100);
+  EXPECT_EQ(c.selLength(), 7);
+  EXPECT_EQ(errorOf([&] { c.setSelStart(-1); }), PlatformError::invalidPropertyValue);
+  EXPECT_EQ(c.selStart(), 3);
+  c.setText(String(40'000, u'x'));
+  c.setSelStart(32'767);
+  EXPECT_EQ(c.selStart(), 32'767);
+  EXPECT_EQ(errorOf([&] { EXPECT_GT(c.selLength(), -1); }), 0);
+  stage.press(KeyCodes::end);
+  EXPECT_EQ(errorOf([&] { c.selStart(); }), PlatformError::overflow);
+
+  c.setForeColor(String{u"255"});
+  EXPECT_EQ(std::get<std::int32_t>(c.ForeColor()), 255);
+  EXPECT_EQ(errorOf([&] { c.setBackColor(String{u"red"}); }), PlatformError::typeMismatch);
+  c.setFontBold(Boolean::stored(5));
+  EXPECT_EQ(c.FontBold().number(), 5);
+  c.setTheToolTipText(u"tip");
+  EXPECT_EQ(c.TheToolTipText(), u"tip");
+  c.setText(u"");
+  c.setLocked(True);
+  stage.type(u"a");
+  EXPECT_EQ(control->text(), "");
+  c.setLocked(False);
+  c.setEnabled(False);
+  EXPECT_FALSE(c.Enabled());
+  control->surface->resize(250);
+  EXPECT_EQ(control->surface->textBox().width(), 250);
+}
+
+TEST_F(Control, TakesOnlyKeyedCollectionsForBrands) {
+  struct Plain : BrandList {
+    std::shared_ptr<BrandCollection> keyedCollection() override {
+      throw platformFailure(PlatformError::typeMismatch, u"test");
+    }
+  } plain;
+  const auto brands = std::make_shared<LocalBrandList>();
+  control->control.setAuthorizedBrands(brands.get());
+  EXPECT_EQ(errorOf([&] { control->control.setAuthorizedBrands(&plain); }),
+            PlatformError::typeMismatch);
+  EXPECT_EQ(stage.controller.authorizedBrands(), brands);
+  control->control.setAuthorizedBrands(nullptr);
+  EXPECT_EQ(stage.controller.authorizedBrands(), nullptr);
+}
+
+TEST_F(Control, SurvivesHostsThatThrow) {
+  for (const std::string event : {"needBrand", "Change", "KeyDown", "KeyUp"})
+    control->events.handlers[event] = [] { throw std::runtime_error{"the host's own affair"}; };
+  stage.type(u"a");
+  EXPECT_EQ(control->entries().size(), 9U);
+  EXPECT_FALSE(stage.controller.KeyscoutLocked());
+}
+
+}  // namespace
+}  // namespace keyscout::test

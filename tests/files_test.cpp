@@ -1,0 +1,138 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+#include "apps/cli/native_files.h"
+#include "lookup/key_order.h"
+#include "platform/utf8.h"
+#include "support/stage.h"
+
+namespace keyscout::test {
+namespace {
+
+/// Hands bytes out in pieces of a given size, and fails where it is told to.
+class PiecewiseFile final : public SequentialFile {
+ public:
+  PiecewiseFile(std::string bytes, std::size_t piece, std::size_t failAt = std::string::npos)
+      : bytes_(std::move(bytes)), piece_(piece), failAt_(failAt) {}
+
+ private:
+  std::size_t read(char* to, std::size_t room) override {
+    if (offset_ >= failAt_) {
+      failAt_ = std::string::npos;
+      throw platformFailure(PlatformError::fileAccess, u"test");
+    }
+    const std::size_t count = bytes_.copy(to, std::min(room, piece_), offset_);
+    offset_ += count;
+    return count;
+  }
+
+  std::string bytes_;
+  std::size_t piece_;
+  std::size_t failAt_;
+  std::size_t offset_ = 0;
+};
+
+Strings linesOf(SequentialFile& file) {
+  Strings lines;
+  while (!file.atEnd()) lines.emplace_back(file.readLine());
+  return lines;
+}
+
+TEST(SequentialFile, EndsLinesAtLfWithOrWithoutCr) {
+  const std::string longLine(100'000, 'x');
+  const std::pair<std::string, Strings> cases[] = {
+      {"", {}},
+      {"\r\n", {""}},
+      {"a\r\nb", {"a", "b"}},
+      {"a\nb\n", {"a", "b"}},
+      {"a\r\n\r\n\nb\r\n", {"a", "", "", "b"}},
+      {"a\rb\r\r\nc\r", {"a\rb\r", "c\r"}},
+      {std::string("\0\x1A\xFF\n", 4), {std::string("\0\x1A\xFF", 3)}},
+      {longLine + "\r\n" + longLine, {longLine, longLine}}};
+  for (const auto& [bytes, expected] : cases) {
+    for (const std::size_t piece : {1UL, 2UL, 7UL, 32768UL, 1000000UL}) {
+      PiecewiseFile file{bytes, piece};
+      EXPECT_EQ(linesOf(file), expected) << bytes.substr(0, 20) << " by " << piece;
+    }
+  }
+}
+
+TEST(SequentialFile, TellsOfAFailureOnceAndGoesOn) {
+  for (const std::size_t failAt : {0UL, 1UL, 3UL, 5UL, 8UL}) {
+    PiecewiseFile file{"one\ntwo\nthree", 1, failAt};
+    Strings lines;
+    int failures = 0;
+    while (!file.atEnd()) {
+      try {
+        lines.emplace_back(file.readLine());
+      } catch (const Error& error) {
+        EXPECT_EQ(error.number(), PlatformError::fileAccess);
+        ++failures;
+      }
+    }
+    EXPECT_EQ(failures, 1);
+    EXPECT_EQ(lines, (Strings{"one", "two", "three"})) << failAt;
+  }
+}
+
+TEST(SequentialFile, FindsTheFirstWantedLine) {
+  // Numbers of growing width, long enough for several blocks; the last line without its end.
+  std::string bytes;
+  Strings lines;
+  for (int i = 0; i < 20'001; ++i) {
+    lines.push_back(std::to_string(100'000 + i) +
+                    std::string(static_cast<std::size_t>(i % 13), '.'));
+    bytes += lines.back() + (i % 3 == 1 ? "\r\n" : "\n");
+  }
+  bytes.pop_back();
+  for (const std::string wanted :
+       {"0", "100000", "102731", "102732.", "105999", "119998", "120000", "2"}) {
+    PiecewiseFile file{bytes, 1'000'000};
+    const auto expected = std::min(std::ranges::lower_bound(lines, wanted), lines.end() - 1);
+    ASSERT_FALSE(file.atEnd());
+    EXPECT_EQ(file.readUntil([&](std::string_view line) { return line >= wanted; }), *expected);
+    EXPECT_EQ(linesOf(file), Strings(expected + 1, lines.end())) << wanted;
+  }
+}
+
+TEST(KeyOrder, AgreesWithTheOrderOfTheTrimmedTexts) {
+  // Few characters, so that equal beginnings, blanks and bytes out of order come often.
+  const std::string bytes{" A-b\x80\xE9\x09\x9F"};
+  std::mt19937 random{7};
+  const auto draw = [&](std::size_t longest) {
+    std::string text(random() % (longest + 1), ' ');
+    for (char& byte : text) byte = bytes[random() % bytes.size()];
+    return text;
+  };
+  for (int i = 0; i < 200'000; ++i) {
+    std::string field = draw(12);
+    if (i % 2 == 0) field.resize(60, ' ');
+    const String key = windows1252().decode(draw(10));
+    const String number{trimmed(windows1252().decode(field))};
+    const KeyOrder order{key, windows1252()};
+    ASSERT_EQ(order.isAbove(field), key > number) << toUtf8(key) << '|' << field << '|';
+  }
+}
+
+TEST(NativeFiles, FailsWithTheNumberOfTheReason) {
+  const TemporaryFolder folder;
+  const DataDirectory directory{{series("A", 1)}};
+  NativeFiles files;
+  const String here = directory.hostPath();
+  const auto openError = [&](const String& path) { return errorOf([&] { files.open(path); }); };
+  EXPECT_EQ(openError(here + u"0.txt"), 0);
+  EXPECT_EQ(openError(here + u"missing.txt"), PlatformError::fileNotFound);
+  EXPECT_EQ(openError(here + u"missing\\0.txt"), PlatformError::pathNotFound);
+  EXPECT_EQ(openError(here + u"0.txt\\0.txt"), PlatformError::pathNotFound);
+  EXPECT_EQ(openError(here), PlatformError::fileAccess);
+  EXPECT_TRUE(files.exists(here + u"0.txt"));
+  EXPECT_FALSE(files.exists(here + u"missing.txt"));
+  EXPECT_FALSE(files.exists(folder.hostPath()));
+  EXPECT_EQ(errorOf([&] { files.lastModified(here + u"missing.txt"); }),
+            PlatformError::fileNotFound);
+}
+
+}  // namespace
+}  // namespace keyscout::test

@@ -1,0 +1,309 @@
+#include <gtest/gtest.h>
+
+#include "platform/utf8.h"
+#include "support/stage.h"
+
+namespace keyscout::test {
+namespace {
+
+Strings filled(Strings entries) {
+  entries.resize(std::max<std::size_t>(entries.size(), 8));
+  return entries;
+}
+
+class Lookup : public testing::Test {
+ protected:
+  /// A focused control on `tables`, in service.
+  void open(const std::vector<std::vector<Entry>>& tables) {
+    directory = std::make_unique<DataDirectory>(tables);
+    stage.start(*directory);
+    control = stage.addControl();
+    stage.focus(*control);
+    stage.takeTrace();
+  }
+  /// Replaces the text in one change, as pasting over it does.
+  void enter(StringView text) {
+    control->control.setSelStart(0);
+    control->control.setSelLength(999);
+    stage.form->paste(text);
+  }
+  const LookupFields& fields() const { return control->control.lookupFields(); }
+
+  std::unique_ptr<DataDirectory> directory;
+  Stage stage;
+  std::unique_ptr<StagedControl> control;
+};
+
+TEST_F(Lookup, ListsNineFromTheFirstAtOrAboveTheText) {
+  open({series("A", 12), series("D", 12), series("G", 4)});
+  struct Case {
+    StringView text;
+    std::string first;
+    std::size_t entries;
+    std::int16_t table;
+  };
+  const Case cases[] = {{u"a", "A000", 9, 0},    {u"A003", "A003", 9, 0}, {u"a0035", "A004", 9, 1},
+                        {u"0", "A000", 9, 0},    {u"A011", "A011", 9, 1}, {u"B", "D000", 9, 1},
+                        {u"d006", "D006", 9, 2}, {u"D009", "D009", 8, 3}, {u"G003", "G003", 8, 3}};
+  for (const Case& c : cases) {
+    enter(u"~");  // above every number; also makes the next text no longer than the last
+    enter(u"~~~~~~");
+    enter(c.text);
+    const Strings entries = control->entries();
+    ASSERT_EQ(entries.size(), c.entries) << toUtf8(c.text);
+    EXPECT_EQ(entries.front(), c.first) << toUtf8(c.text);
+    EXPECT_EQ(fields().currentTableIndex, c.table) << toUtf8(c.text);
+    EXPECT_TRUE(control->isDropped());
+    EXPECT_TRUE(control->surface->listView()->redraws);
+    EXPECT_EQ(control->selected(), -1);
+  }
+  EXPECT_EQ(control->entries(), filled({"G003"}));
+  EXPECT_TRUE(fields().endOfCatalogReached);
+  EXPECT_EQ(fields().catalogEntries.count(), 1U);
+}
+
+TEST_F(Lookup, SearchesFromWhereTheLastSearchEnded) {
+  open({series("A", 1), series("D", 1), series("G", 1)});
+  struct Case {
+    StringView text;
+    std::int16_t found;
+    std::int16_t nextStart;
+  };
+  const Case cases[] = {{u"G", 2, 2},  {u"B", 1, 1}, {u"A", 0, 0},
+                        {u"H", -1, 0}, {u"E", 2, 2}, {u"0", 0, 0}};
+  for (const Case& c : cases) {
+    enter(u"");
+    enter(c.text);
+    EXPECT_EQ(fields().tableSearchStart, c.nextStart) << toUtf8(c.text);
+    const bool found = fields().currentTableIndex >= 0;
+    EXPECT_EQ(found, c.found >= 0) << toUtf8(c.text);
+  }
+
+  enter(u"G");
+  stage.controller.resetLastTableNumber();
+  const auto other = stage.addControl();
+  stage.focus(*other);
+  stage.type(u"a");
+  EXPECT_EQ(shared().lastTableNumber, 0) << "the first control that searches clears the request";
+  EXPECT_EQ(fields().tableSearchStart, 2) << "and the others keep their start";
+}
+
+TEST_F(Lookup, GivesUpWhereNoTableCoversTheText) {
+  open({series("A", 3)});
+  enter(u"A");
+  const Strings before = control->entries();
+  enter(u"Z");
+  EXPECT_EQ(control->entries(), Strings{});
+  EXPECT_TRUE(fields().tableLoadPending);
+  EXPECT_TRUE(control->isDropped()) << "neither dropped down nor closed";
+  EXPECT_TRUE(stage.box.texts.empty());
+}
+
+TEST_F(Lookup, FindsNoTableBeforeAnIndexWasLoaded) {
+  control = stage.addControl();
+  stage.controller.setIsKeyscoutAuthenticated(True);
+  stage.controller.setKeyscoutEnabled(True);
+  stage.focus(*control);
+  stage.type(u"A");
+  const Strings trace = stage.takeTrace();
+  EXPECT_NE(std::ranges::find(trace, "! findTableNumber 9"), trace.end());
+  EXPECT_FALSE(stage.controller.KeyscoutLocked());
+}
+
+TEST_F(Lookup, AdmitsByBrandAuthorizationAndOnce) {
+  open({{{"A1", "ACME"},
+         {"A2", "acme"},
+         {"A3", "BOLT"},
+         {"A4", ""},
+         {"a1", "ACME"},
+         {"a5", "CIRA"}}});
+  directory->writeLines("brandinfo.txt", {"ACME", "acme", "BOLT", "CIRA"});
+  const auto authorize = [&](const std::vector<StringView>& brands) {
+    const auto list = std::make_shared<LocalBrandList>();
+    for (const StringView brand : brands) list->add(brand);
+    list->addPlain(u"CIRA");
+    control->control.setAuthorizedBrands(list.get());
+  };
+  struct Case {
+    StringView brand;
+    std::vector<StringView> authorized;
+    Strings expected;
+  };
+  const Case cases[] = {{u"", {}, {"A1", "A2", "A3", "A4", "a5"}},
+                        {u"ACME", {}, {"A1"}},
+                        {u"acme", {}, {"A2"}},
+                        {u"", {u"bolt"}, {"A3"}},
+                        {u"", {u"Acme"}, {"A1", "A2"}},
+                        {u"", {u""}, {"A4"}},
+                        {u"ACME", {u"BOLT"}, {}}};
+  for (const Case& c : cases) {
+    if (c.authorized.empty()) {
+      control->control.setAuthorizedBrands(nullptr);
+    } else {
+      authorize(c.authorized);
+    }
+    control->control.setBrand(c.brand);
+    enter(u"");
+    enter(u"A");
+    EXPECT_EQ(control->entries(), filled(c.expected)) << toUtf8(c.brand);
+  }
+}
+
+TEST_F(Lookup, RefusesBrandsThatTheBrandFileDoesNotHold) {
+  open({series("A", 3)});
+  enter(u"A");
+  control->control.setBrand(u"NOBODY");
+  enter(u"B");
+  EXPECT_FALSE(control->isDropped());
+  EXPECT_FALSE(fields().listLoaded);
+  EXPECT_TRUE(control->surface->listView()->redraws);
+  EXPECT_TRUE(stage.box.texts.empty());
+  control->control.setBrand(u"acme");
+  enter(u"A");
+  EXPECT_TRUE(control->isDropped()) << "a known brand in another letter case";
+  shared().brandLookup.reset();
+  control->control.setBrand(u"NOBODY");
+  enter(u"B");
+  EXPECT_TRUE(fields().tableLoadPending) << "nothing is refused before brands are loaded";
+}
+
+TEST_F(Lookup, KeepsWhatStillFitsAGrownText) {
+  open({series("A", 30)});
+  enter(u"A");
+  stage.takeTrace();
+  stage.type(u"0");
+  Strings trace = stage.takeTrace();
+  EXPECT_EQ(std::ranges::count(trace, "> loadKeyscoutCombo"), 0)
+      << "nine still fit: nothing is read";
+  enter(u"a004");
+  EXPECT_EQ(control->entries(),
+            (Strings{"A004", "A005", "A006", "A007", "A008", "A009", "A010", "A011", "A012"}));
+  EXPECT_EQ(fields().catalogEntries.count(), 9U);
+  EXPECT_EQ(fields().lastLookupText, u"a004");
+  enter(u"a001");  // as long as before: rebuilt
+  EXPECT_EQ(control->entries().front(), "A001");
+  // A longer text that does not extend the last one only drops from the top.
+  enter(u"A0001");
+  EXPECT_EQ(control->entries().front(), "A001");
+}
+
+TEST_F(Lookup, StopsAtTheEndOfTheCatalogUntilTheTextIsNoLonger) {
+  open({series("A", 3)});
+  enter(u"A");
+  EXPECT_EQ(control->entries(), filled({"A000", "A001", "A002"}));
+  enter(u"A001");
+  EXPECT_EQ(control->entries(), filled({"A000", "A001", "A002"})) << "grown: nothing happens";
+  EXPECT_EQ(fields().lastLookupText, u"A");
+  enter(u"B");
+  EXPECT_EQ(control->entries(), Strings{});
+  enter(u"A");
+  enter(u"");
+  EXPECT_FALSE(fields().endOfCatalogReached);
+  EXPECT_FALSE(control->isDropped());
+}
+
+TEST_F(Lookup, NamesTheFirstTableByItsNumberAndTheNextByTheirPositions) {
+  open({series("A", 2), series("B", 2), series("C", 2)});
+  directory->writeLines("catindex.txt", {indexLine("5", {"A000", ""}, {"A001", ""}),
+                                         indexLine("7", {"B000", ""}, {"B001", ""})});
+  directory->writeLines("5.txt", {tableLine({"A000", "ACME"}), tableLine({"A001", "ACME"})});
+  directory->writeLines("1.txt", {tableLine({"B000", "ACME"})});
+  stage.controller.initialize();
+  enter(u"A");
+  EXPECT_EQ(control->entries(), filled({"A000", "A001", "B000"}));
+}
+
+TEST_F(Lookup, TakesTheLastLineOfATableThatLiesBelowTheText) {
+  open({series("A", 2), series("C", 1)});
+  directory->writeLines("catindex.txt", {indexLine("0", {"A000", ""}, {"B", ""}),
+                                         indexLine("1", {"C000", ""}, {"C000", ""})});
+  stage.controller.initialize();
+  enter(u"B");
+  EXPECT_EQ(control->entries(), filled({"A001", "C000"}));
+  directory->write("0.txt", "");
+  enter(u"A");
+  EXPECT_EQ(control->entries(), filled({"C000"})) << "a table without a line has no candidate";
+}
+
+TEST_F(Lookup, OrdersByUnicodeAndNotByBytes) {
+  // 0x80 is the euro sign, far above 0xC9, which is a capital E with an acute accent.
+  open({{{"A\xC9", "\xC9LAN"}, {"A\x80", "ACME"}}});
+  enter(u"a\u00EA");
+  EXPECT_EQ(control->entries(), filled({"A\u20AC"}));
+  enter(u"a\u00E8");
+  EXPECT_EQ(control->entries(), filled({"A\u00C9", "A\u20AC"}));
+  EXPECT_EQ(toUtf8(fields().catalogEntries.item(u"a\u00E9").CatalogBrand()), "\u00C9LAN");
+}
+
+TEST_F(Lookup, AnswersEveryBadTableWithLockMessageAndUpdate) {
+  struct Case {
+    std::string name;
+    std::function<void()> damage;
+    std::string trace;
+    Strings left;
+  };
+  const std::string good = tableLine({"A000", "ACME"});
+  const auto write = [&](const Strings& lines) {
+    return [this, lines] { directory->writeLines("0.txt", lines); };
+  };
+  const Strings eightEmpty(8);
+  const Case cases[] = {
+      {"missing", [&] { directory->remove("0.txt"); }, "! loadKeyscoutCombo 53", {}},
+      {"next missing",
+       [&] { directory->remove("1.txt"); },
+       "! loadKeyscoutCombo 75",
+       {"A000", "A001", "", "", "", "", "", "", "", ""}},
+      {"short line", write({good, std::string(69, 'A')}), "! loadKeyscoutCombo 5", {"A000"}},
+      {"bad index",
+       write({good, tableLine({"A001", "ACME", "12x"})}),
+       "! loadKeyscoutCombo 13",
+       {"A000", "A001"}},
+  };
+  for (const Case& c : cases) {
+    open({series("A", 2), series("B", 2)});
+    c.damage();
+    stage.box.texts.clear();
+    stage.box.answer = MessageBoxButton::yes;
+    control->events.take();
+    enter(u"A");
+    const Strings trace = stage.takeTrace();
+    EXPECT_NE(std::ranges::find(trace, c.trace), trace.end()) << c.name;
+    EXPECT_EQ(control->entries(), c.left) << c.name;
+    EXPECT_FALSE(control->isDropped()) << c.name;
+    EXPECT_TRUE(control->surface->listView()->redraws) << c.name;
+    EXPECT_TRUE(stage.controller.KeyscoutLocked()) << c.name;
+    ASSERT_EQ(stage.box.texts.size(), 1U) << c.name;
+    EXPECT_EQ(toUtf8(stage.box.texts[0]),
+              "An error has occurred while looking up catalog numbers for Keyscout.\r\n"
+              "Keyscout has been disabled.  You can continue to work while Keyscout is updated.\r\n"
+              "\r\nWould you like to update Keyscout now?");
+    EXPECT_EQ(stage.box.lastStyle, 68);
+    EXPECT_EQ(control->events.take(), (Strings{"needBrand", "UpdateKeyscout", "Change"})) << c.name;
+
+    stage.type(u"0");
+    EXPECT_EQ(stage.box.texts.size(), 1U) << "asked once: " << c.name;
+    stage.controller.setKeyscoutLocked(False);
+    control.reset();
+  }
+}
+
+TEST_F(Lookup, LinesOfExactly70CharactersHaveNoBrand) {
+  open({{{"A000", ""}, {"A001", "ACME"}}});
+  enter(u"A");
+  EXPECT_EQ(control->entries(), filled({"A000", "A001"}));
+  EXPECT_EQ(fields().catalogEntries.item(u"A000").CatalogBrand(), u"");
+}
+
+TEST_F(Lookup, NeverHoldsMoreThan999Entries) {
+  std::vector<Entry> entries = series("A", 1000);
+  for (int i = 0; i < 50; ++i) entries.push_back({"B" + std::to_string(1000 + i), "ACME"});
+  open({entries});
+  stage.type(u"A");
+  for (int i = 0; i < 1100; ++i) stage.press(KeyCodes::down);
+  EXPECT_EQ(control->entries().size(), 999U);
+  EXPECT_EQ(control->selected(), 998);
+  EXPECT_FALSE(stage.controller.KeyscoutLocked());
+}
+
+}  // namespace
+}  // namespace keyscout::test

@@ -1,0 +1,8 @@
+#include "platform/memory/form.h"
+#include "support/toolkit.h"
+
+namespace keyscout::test {
+
+std::unique_ptr<PlayableForm> makeForm(CallHook* hook) { return std::make_unique<Form>(hook); }
+
+}  // namespace keyscout::test
