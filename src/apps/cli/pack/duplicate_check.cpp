@@ -39,12 +39,9 @@ void DuplicateCheck::check(const NumberOnLine& number) {
     isFollowing_ = true;
     advanceFolded();
   }
+  // A folded form comes before every number that has it, so the last number leaves none behind.
   while (folded_ && folded_->key < number.key) advanceFolded();
   if (folded_ && folded_->key == number.key) refuse(originalOf(folded_->payload), number);
-}
-
-void DuplicateCheck::checkRest() {
-  while (folded_) advanceFolded();
 }
 
 void DuplicateCheck::advanceFolded() {

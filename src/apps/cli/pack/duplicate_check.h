@@ -32,10 +32,8 @@ class DuplicateCheck {
 
   void collect(const NumberOnLine& number);
 
-  /// To be called for all numbers in ascending order, then `checkRest`. Both fail with `PackError`
-  /// where a number is a duplicate.
+  /// To be called for all numbers in ascending order. Fails with `PackError` at a duplicate.
   void check(const NumberOnLine& number);
-  void checkRest();
 
  private:
   void advanceFolded();

@@ -20,7 +20,8 @@ class NumberOrder {
 
   void toKey(std::string_view text, std::string& key) const { translate(toKey_, text, key); }
   void toText(std::string_view key, std::string& text) const { translate(toText_, key, text); }
-  /// A key that two keys have in common exactly when their texts have the same upper-case form.
+  /// A key, never above the given one, that two keys have in common exactly when their texts have
+  /// the same upper-case form.
   void foldCase(std::string_view key, std::string& folded) const {
     translate(folded_, key, folded);
   }

@@ -94,7 +94,6 @@ class Packing {
       tables.add({payload.text.substr(0, indexWidth), number, payload.text.substr(indexWidth)});
       if (++written % recordsPerReport == 0) report("Writing", written, summary_.records);
     }
-    duplicates_.checkRest();
     summary_.tables = tables.finish();
   }
 

@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <iostream>
 #include <memory>
+#include <string>
 
 #include "apps/cli/pack/pack_catalog.h"
 #include "apps/cli/progress_bar.h"
@@ -20,6 +21,12 @@ void print(const PackSummary& summary, const std::filesystem::path& directory) {
             << "  KeyscoutDirectory           " << pathText(directory) << '\n'
             << "  KeyscoutIndexFile           " << pathText(summary.indexName) << '\n'
             << "  CatalogNumbersDownloadFile  " << pathText(summary.downloadName) << '\n';
+}
+
+/// A number read as unsigned would take a minus sign and become huge.
+std::string noSign(const std::string& text) {
+  return text.find_first_not_of("0123456789") == text.npos ? ""
+                                                           : '"' + text + "\" is no whole number";
 }
 
 int pack(const PackOptions& options) try {
@@ -47,7 +54,7 @@ void addPackCommand(CLI::App& app, int& status) {
   command
       ->add_option("--lines", options->linesPerTable,
                    "Lines of a table; otherwise 200, or more where 1001 tables would not do")
-      ->check(CLI::PositiveNumber);
+      ->check(noSign);
   command->add_option("--index", options->indexName, "The name of the index file")
       ->capture_default_str();
   command->callback([options, &status] { status = pack(*options); });

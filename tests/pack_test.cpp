@@ -1,0 +1,527 @@
+#include "apps/cli/pack/pack_catalog.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <sstream>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "apps/cli/pack/external_sorter.h"
+#include "apps/cli/pack/number_order.h"
+#include "apps/cli/pack/output_file.h"
+#include "apps/cli/progress_bar.h"
+#include "controller/keyscout_controller.h"
+#include "platform/code_page.h"
+#include "platform/letter_case.h"
+#include "platform/local/local_library.h"
+#include "platform/local/trace_services.h"
+#include "platform/portable_text_rules.h"
+#include "platform/posix/posix_files.h"
+#include "platform/system_clock.h"
+#include "platform/thread_slot.h"
+#include "platform/utf8.h"
+
+namespace keyscout {
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string header = "FORMAT=[INDEX(10)][CATALOG(60)][BRAND(50)]\r\n";
+constexpr std::size_t tinyMemory = 4096;
+
+std::string padded(std::string text, std::size_t width) {
+  text.resize(std::max(width, text.size()), ' ');
+  return text;
+}
+
+/// A record without its line end.
+std::string record(int index, const std::string& number, const std::string& brand = "BRAND") {
+  return padded(std::to_string(index), 10) + padded(number, 60) + brand;
+}
+
+std::string numbered(const std::string& start, std::uint32_t number) {
+  return start + std::to_string(number);
+}
+
+std::string readFile(const fs::path& path) {
+  std::ifstream file{path, std::ios::binary};
+  return {std::istreambuf_iterator<char>{file}, {}};
+}
+
+void writeFile(const fs::path& path, const std::string& bytes) {
+  std::ofstream{path, std::ios::binary} << bytes;
+}
+
+using Snapshot = std::map<std::string, std::string>;
+
+/// All files of a directory by name; a folder counts as a file without bytes.
+Snapshot snapshotOf(const fs::path& directory) {
+  Snapshot files;
+  for (const auto& entry : fs::directory_iterator(directory))
+    files[entry.path().filename().string()] = entry.is_directory() ? "" : readFile(entry.path());
+  return files;
+}
+
+std::vector<std::string> linesOf(const std::string& text) {
+  std::vector<std::string> lines;
+  std::size_t from = 0;
+  for (std::size_t end; (end = text.find("\r\n", from)) != text.npos; from = end + 2)
+    lines.push_back(text.substr(from, end - from));
+  EXPECT_EQ(from, text.size()) << "the last line has no end";
+  return lines;
+}
+
+class Pack : public testing::Test {
+ protected:
+  Pack() : root_(fs::temp_directory_path() / ("keyscout-pack-" + std::to_string(::getpid()))) {
+    fs::remove_all(root_);
+    fs::create_directories(root_);
+  }
+  ~Pack() override { fs::remove_all(root_); }
+
+  PackOptions options(const std::string& bytes) const {
+    PackOptions result;
+    result.download = root_ / "list.txt";
+    result.directory = directory();
+    writeFile(result.download, bytes);
+    return result;
+  }
+  PackSummary pack(const std::string& bytes) const { return packCatalog(options(bytes)); }
+
+  fs::path directory() const { return root_ / "data"; }
+  std::string fileOf(const std::string& name) const { return readFile(directory() / name); }
+
+  fs::path root_;
+};
+
+/// The error that packing fails with; without one the test fails.
+PackError failureOf(const PackOptions& options, const PackProgress& progress = {}) {
+  try {
+    packCatalog(options, progress);
+  } catch (const PackError& failure) {
+    return failure;
+  }
+  ADD_FAILURE() << "packed";
+  return {"", ExitStatus::success};
+}
+
+TEST_F(Pack, WritesEveryFileByteForByte) {
+  PackOptions wanted =
+      options(header + record(12, "EXA-2", "Zeta") + "\r\n" + "   \n" + padded("      -7", 10) +
+              padded("  AXE ", 60) + "\n" + record(3, "B", padded(" ACME 9 ", 60)) + "\r\n\r\n" +
+              record(4, "C", "ZETA"));
+  wanted.linesPerTable = 3;
+  const PackSummary summary = packCatalog(wanted);
+
+  EXPECT_EQ(summary.records, 4U);
+  EXPECT_EQ(summary.tables, 2U);
+  EXPECT_EQ(summary.linesPerTable, 3U);
+  EXPECT_EQ(summary.brands, 2U);
+  EXPECT_EQ(summary.indexName, "catindex.txt");
+  EXPECT_EQ(summary.downloadName, "list.txt");
+  const std::string blankBrand(50, ' ');
+  const Snapshot expected{
+      {"0.txt", padded("      -7", 10) + padded("AXE", 60) + "\r\n" + record(3, "B", "ACME 9") +
+                    "\r\n" + record(4, "C", "ZETA") + "\r\n"},
+      {"1.txt", record(12, "EXA-2", "Zeta") + "\r\n"},
+      {"catindex.txt", padded("0", 10) + padded("      -7", 10) + padded("AXE", 60) + blankBrand +
+                           record(4, "C", padded("ZETA", 50)) + "\r\n" + padded("1", 10) +
+                           record(12, "EXA-2", padded("Zeta", 50)) +
+                           record(12, "EXA-2", padded("Zeta", 50)) + "\r\n"},
+      {"brandinfo.txt", "Zeta\r\nACME 9\r\n"},
+      {"catcontrol.txt", "READY\r\n"},
+      {"list.txt", readFile(wanted.download)}};
+  EXPECT_EQ(snapshotOf(directory()), expected);
+}
+
+TEST_F(Pack, OrdersByUtf16CodeUnits) {
+  // 0x8C is U+0152 and 0x80 is U+20AC, both above 0xE9, and 0x99 is U+2122, above them all.
+  pack(header + record(1, "\x80") + "\n" + record(2, "\xE9") + "\n" + record(3, "a") + "\n" +
+       record(4, "Z") + "\n" + record(5, "\x99") + "\n" + record(6, "\x8C") + "\n" +
+       record(7, "Z-") + "\n" + record(8, "\xFF") + "\n");
+  std::vector<std::string> numbers;
+  for (const std::string& line : linesOf(fileOf("0.txt")))
+    numbers.push_back(line.substr(10, line.find(' ', 10) - 10));
+  EXPECT_EQ(numbers,
+            (std::vector<std::string>{"Z", "Z-", "a", "\xE9", "\xFF", "\x8C", "\x80", "\x99"}));
+}
+
+struct Refusal {
+  const char* name;
+  std::string download;
+  std::string message;  // behind the download's name
+};
+
+std::string filler(int count) {
+  std::string records;
+  for (int i = 0; i < count; ++i)
+    records += record(i, numbered("N", static_cast<std::uint32_t>(1000 + i))) + "\r\n";
+  return records;
+}
+
+std::vector<Refusal> refusals() {
+  const std::string good = record(1, "GOOD") + "\r\n";
+  const std::string wrongHeader =
+      ":1: The first line must be exactly FORMAT=[INDEX(10)][CATALOG(60)][BRAND(50)]";
+  const auto wrongIndex = [](const std::string& index) {
+    return ":2: The index \"" + index + "\" in columns 1 to 10";
+  };
+  const auto indexed = [](const std::string& index) {
+    return header + padded(index, 10) + padded("X", 60) + "\n";
+  };
+  return {
+      {"empty", "", wrongHeader},
+      {"other format", "0" + header + good, wrongHeader},
+      {"blank behind header", header.substr(0, header.size() - 2) + " \r\n" + good, wrongHeader},
+      {"header in small letters", "format" + header.substr(6) + good, wrongHeader},
+      {"no header", good, wrongHeader},
+      {"too short", header + good + record(2, "X", "").substr(0, 69) + "\r\n",
+       ":3: The record has 69 columns"},
+      {"too long, last line", header + good + good + "\n" + record(2, "X", std::string(51, 'B')),
+       ":5: The record has 121 columns"},
+      {"index of words", indexed("12A"), wrongIndex("12A")},
+      {"index of blanks", indexed(""), wrongIndex("")},
+      {"index of a sign", indexed("+"), wrongIndex("+")},
+      {"index too large", indexed("2147483648"), wrongIndex("2147483648")},
+      {"index with a blank", indexed("1 2"), wrongIndex("1 2")},
+      {"blank number", header + good + record(2, "") + "\n", ":3: The catalog number in columns"},
+      {"same number", header + good + record(2, "X") + "\n" + filler(400) + record(3, " X") + "\n",
+       ":404: The catalog number \"X\" stands on line 3 already"},
+      {"case", header + record(1, "AbC\xE9") + "\n" + filler(400) + record(2, "ABC\xC9") + "\n",
+       ":403: The catalog number \"ABC\u00C9\" differs from \"AbC\u00E9\" on line 2 in letter "
+       "case"},
+      {"case, capitals first", header + record(1, "\x9F") + "\n" + record(2, "\xFF") + "\n",
+       ":3: The catalog number \"\u00FF\" differs from \"\u0178\" on line 2 in letter case alone"},
+      {"case, both small", header + record(1, "aB") + "\n" + filler(400) + record(2, "Ab") + "\n",
+       ":403: The catalog number \"Ab\" differs from \"aB\" on line 2 in letter case alone"},
+      {"case, the last ones", header + good + record(1, "zy") + "\n" + record(2, "zY") + "\n",
+       ":4: The catalog number \"zY\" differs from \"zy\" on line 3 in letter case alone"},
+      {"no records", header + "\r\n  \r\n", ":3: The download holds no records."},
+  };
+}
+
+TEST_F(Pack, RefusesADownloadByItsLineAndLeavesTheOldTables) {
+  pack(header + record(1, "OLD") + "\r\n");
+  Snapshot expected = snapshotOf(directory());
+  expected["catcontrol.txt"] = "CORRUPT\r\n";
+  for (const Refusal& refusal : refusals()) {
+    for (const std::size_t memory : {PackOptions{}.memory, tinyMemory}) {
+      SCOPED_TRACE(refusal.name);
+      writeFile(directory() / "catcontrol.txt", "READY\r\n");
+      PackOptions wanted = options(refusal.download);
+      wanted.memory = memory;
+      const PackError failure = failureOf(wanted);
+      const std::string message = wanted.download.string() + refusal.message;
+      EXPECT_EQ(std::string{failure.what()}.substr(0, message.size()), message);
+      EXPECT_EQ(failure.exitStatus(), ExitStatus::negative);
+      EXPECT_EQ(snapshotOf(directory()), expected);
+    }
+  }
+}
+
+TEST_F(Pack, AcceptsWhatIsJustWithinTheLimits) {
+  const auto summary =
+      pack(header + padded("2147483647", 10) + std::string(60, 'N') + std::string(50, 'B') +
+           "        \r\n" + padded("-2147483648", 11).substr(0, 10) + padded("A", 60) + "\n" +
+           padded("+5", 10) + padded("B\tC", 60) + "\n" + record(9, "\xB5\x83") + "\n");
+  EXPECT_EQ(summary.records, 4U);
+  EXPECT_EQ(fileOf("catcontrol.txt"), "READY\r\n");
+}
+
+TEST_F(Pack, TouchesNothingWhereItCannotBegin) {
+  const std::string good = header + record(1, "X") + "\n";
+  const auto named = [&](const std::string& download, const std::string& index) {
+    PackOptions wanted = options(good);
+    fs::rename(wanted.download, root_ / download);
+    wanted.download = root_ / download;
+    wanted.indexName = index;
+    return wanted;
+  };
+  PackOptions noLines = options(good);
+  noLines.linesPerTable = 0;
+  PackOptions missing = options(good);
+  missing.download = root_ / "nowhere.txt";
+  PackOptions folder = options(good);
+  folder.download = root_ / "folder.lst";
+  fs::create_directory(folder.download);
+  const std::pair<PackOptions, std::string> cases[] = {
+      {noLines, "at least 1 line"},
+      {missing, "nowhere.txt: The download cannot be opened: "},
+      {folder, "folder.lst: The download cannot be opened: "},
+      {named("7.TXT", "catindex.txt"), "\"7.TXT\" has the name of a catalog table"},
+      {named("1000.txt", "catindex.txt"), "\"1000.txt\" has the name of a catalog table"},
+      {named("CatControl.txt", "catindex.txt"), "has the name of another file"},
+      {named("brandinfo.txt", "catindex.txt"), "has the name of another file"},
+      {named("keyscout-pack.tmp", "catindex.txt"), "has the name of another file"},
+      {named("a\\b.txt", "catindex.txt"), "must be the plain name of a file"},
+      {named("catindex.txt", "CATINDEX.TXT"), "are both named \"CATINDEX.TXT\""},
+      {named("a.txt", "0.txt"), "\"0.txt\" has the name of a catalog table"},
+      {named("b.txt", "brandinfo.txt"), "has the name of another file"},
+      {named("c.txt", "sub/i.txt"), "must be the plain name of a file"},
+      {named("d.txt", ""), "must be the plain name of a file"},
+  };
+  for (const auto& [wanted, message] : cases) {
+    const PackError failure = failureOf(wanted);
+    EXPECT_NE(std::string{failure.what()}.find(message), std::string::npos) << failure.what();
+    EXPECT_EQ(failure.exitStatus(), ExitStatus::unusable) << message;
+    EXPECT_FALSE(fs::exists(directory())) << message;
+  }
+  EXPECT_EQ(packCatalog(named("1001.txt", "01.txt")).records, 1U);
+}
+
+TEST_F(Pack, ChoosesAndLimitsTheLinesOfATable) {
+  PackOptions wanted = options(header + filler(401));
+  EXPECT_EQ(packCatalog(wanted).linesPerTable, 200U);
+  EXPECT_EQ(linesOf(fileOf("catindex.txt")).size(), 3U);
+  EXPECT_EQ(linesOf(fileOf("2.txt")).size(), 1U);
+
+  wanted = options(header + filler(1001 * 201));
+  const PackSummary full = packCatalog(wanted);
+  EXPECT_EQ(full.linesPerTable, 201U);
+  EXPECT_EQ(full.tables, 1001U);
+  EXPECT_EQ(linesOf(fileOf("1000.txt")).size(), 201U);
+
+  wanted.linesPerTable = 200;
+  EXPECT_STREQ(failureOf(wanted).what(),
+               "201201 records make more than 1001 tables of 200 lines; put 201 or more lines into "
+               "a table.");
+  EXPECT_EQ(fileOf("catcontrol.txt"), "CORRUPT\r\n");
+}
+
+/// Numbers in a scattered order, most of them with letters of both cases.
+std::string scatteredDownload(std::uint32_t count) {
+  std::string bytes = header;
+  for (std::uint32_t i = 1; i <= count; ++i) {
+    const std::uint32_t scattered = i * 2654435761U;
+    std::string number = numbered("Ab\xE9-", scattered);
+    if (i % 3 == 0) number[0] = static_cast<char>(0x80 + i % 7);
+    if (i % 5 == 0) number = numbered("CAPITALS ", scattered);
+    bytes += record(static_cast<int>(i), number, numbered("B", i % 41)) + "\r\n";
+  }
+  return bytes;
+}
+
+TEST_F(Pack, MakesTheSameOfAnyAmountOfMemory) {
+  constexpr std::uint32_t records = 6000;  // some 150 runs in the tiny memory, more than at once
+  PackOptions wanted = options(scatteredDownload(records));
+  wanted.memory = tinyMemory;
+  packCatalog(wanted);
+  const Snapshot tiny = snapshotOf(directory());
+  wanted.memory = PackOptions{}.memory;
+  packCatalog(wanted);
+  EXPECT_EQ(snapshotOf(directory()), tiny);
+
+  std::vector<String> numbers;
+  for (int table = 0; table < 30; ++table)
+    for (const std::string& line : linesOf(fileOf(std::to_string(table) + ".txt")))
+      numbers.push_back(windows1252().decode(line.substr(10, 60)));
+  EXPECT_EQ(numbers.size(), records);
+  EXPECT_TRUE(std::ranges::is_sorted(numbers));
+}
+
+TEST_F(Pack, RepacksOverItselfAndRemovesWhatIsLeftOver) {
+  PackOptions wanted = options(header + filler(1000));
+  packCatalog(wanted);
+  ASSERT_TRUE(fs::exists(directory() / "4.txt"));
+  const Snapshot first = snapshotOf(directory());
+
+  wanted.download = directory() / "list.txt";
+  fs::create_directories(directory() / "keyscout-pack.tmp" / "catalog");
+  writeFile(directory() / "keyscout-pack.tmp" / "catalog" / "left.txt", "of a killed pack");
+  packCatalog(wanted);
+  EXPECT_EQ(snapshotOf(directory()), first);
+
+  writeFile(directory() / "note.txt", "not ours");
+  writeFile(wanted.download, header + filler(201));
+  EXPECT_EQ(packCatalog(wanted).tables, 2U);
+  Snapshot second = snapshotOf(directory());
+  EXPECT_EQ(second.extract("note.txt").mapped(), "not ours");
+  std::vector<std::string> names;
+  for (const auto& file : second) names.push_back(file.first);
+  EXPECT_EQ(names, (std::vector<std::string>{"0.txt", "1.txt", "brandinfo.txt", "catcontrol.txt",
+                                             "catindex.txt", "list.txt"}));
+}
+
+TEST_F(Pack, KeepsTheOldTablesInProcessUntilTheEnd) {
+  packCatalog(options(header + record(1, "OLD") + "\r\n"));
+  const PackOptions wanted = options(header + filler(3000));
+  const Snapshot old = snapshotOf(directory());
+  std::vector<std::string> steps;
+  packCatalog(wanted, [&](std::string_view step, std::uint64_t done, std::uint64_t total) {
+    steps.emplace_back(step);
+    EXPECT_LE(done, total);
+    Snapshot expected = old;
+    expected["catcontrol.txt"] = "INPROCESS\r\n";
+    expected["keyscout-pack.tmp"] = "";
+    EXPECT_EQ(snapshotOf(directory()), expected);
+  });
+  EXPECT_EQ(steps, (std::vector<std::string>{"Reading", "Reading", "Writing", "Writing"}));
+  EXPECT_EQ(fileOf("catcontrol.txt"), "READY\r\n");
+
+  Snapshot expected = snapshotOf(directory());
+  expected["catcontrol.txt"] = "CORRUPT\r\n";
+  const auto interrupt = [](std::string_view step, std::uint64_t, std::uint64_t) {
+    if (step == "Writing") throw std::runtime_error("interrupted");
+  };
+  EXPECT_STREQ(failureOf(wanted, interrupt).what(), "The catalog could not be packed: interrupted");
+  EXPECT_EQ(snapshotOf(directory()), expected);
+}
+
+TEST_F(Pack, IsCorruptWhereAFileCannotTakeItsPlace) {
+  for (const char* name : {"0.txt", "brandinfo.txt", "5.txt"}) {
+    SCOPED_TRACE(name);
+    fs::remove_all(directory());
+    fs::create_directories(directory() / name / "in the way");
+    EXPECT_EQ(failureOf(options(header + record(1, "X"))).exitStatus(), ExitStatus::unusable);
+    EXPECT_EQ(fileOf("catcontrol.txt"), "CORRUPT\r\n");
+    EXPECT_FALSE(fs::exists(directory() / "keyscout-pack.tmp"));
+  }
+}
+
+TEST_F(Pack, NoticesAFullDisk) {
+  if (!fs::exists("/dev/full")) GTEST_SKIP() << "no full device here";
+  OutputFile small{"/dev/full"};
+  small.write("held back until the end");
+  EXPECT_THROW(small.close(), std::runtime_error);
+  OutputFile large{"/dev/full"};
+  EXPECT_THROW(large.write(std::string(1 << 20, 'x')), std::runtime_error);
+
+  fs::create_directories(directory());
+  fs::create_symlink("/dev/full", directory() / "catcontrol.txt");
+  const PackError failure = failureOf(options(header + record(1, "X")));
+  EXPECT_EQ(failure.exitStatus(), ExitStatus::unusable);
+  EXPECT_NE(std::string{failure.what()}.find("catcontrol.txt cannot be written: "),
+            std::string::npos);
+  EXPECT_EQ(std::distance(fs::directory_iterator(directory()), {}), 1);
+}
+
+TEST_F(Pack, GivesAFileThatIsNoTextUpEarly) {
+  const PackError failure = failureOf(options(header + std::string(20 << 20, 'x')));
+  EXPECT_NE(std::string{failure.what()}.find("list.txt:2: The download cannot be read on"),
+            std::string::npos);
+}
+
+class NoMessageBox final : public MessageBox {
+ public:
+  MessageBoxButton show(StringView, std::int32_t, StringView) override {
+    return MessageBoxButton::no;
+  }
+};
+
+TEST_F(Pack, IsReadBackByTheController) {
+  ThreadSlot::releaseThisThread();
+  const PackSummary summary = pack(scatteredDownload(1500));
+
+  PosixFiles files;
+  SystemClock clock;
+  PortableTextRules textRules;
+  NoMessageBox messageBox;
+  LocalLibrary library{std::make_shared<SilentTrace>()};
+  Platform platform{files, clock, windows1252(), textRules, messageBox, library};
+  RWKeyscoutController controller{platform};
+  controller.setKeyscoutDirectory(fromUtf8(directory().string()));
+  controller.setKeyscoutIndexFile(fromUtf8(summary.indexName.string()));
+  controller.setCatalogNumbersDownloadFile(fromUtf8(summary.downloadName.string()));
+  EXPECT_TRUE(controller.init());
+
+  const keyscoutModule& module = keyscoutModule::ofThisThread();
+  ASSERT_EQ(module.getTableCount(), 8);
+  EXPECT_EQ(module.brandLookup->count(), 41U);
+  for (std::int16_t i = 0; i < 8; ++i) {
+    EXPECT_EQ(module.getTableNumber(i), decimal(i));
+    EXPECT_LT(module.getFirstCatalog(i), module.getLastCatalog(i));
+    if (i == 0) continue;
+    const auto before = static_cast<std::int16_t>(i - 1);
+    EXPECT_LT(module.getLastCatalog(before), module.getFirstCatalog(i));
+  }
+  ThreadSlot::releaseThisThread();
+}
+
+TEST_F(Pack, SorterKeepsTheOrderOfEqualKeys) {
+  // Some 330 files, of which it may open fewer than 100 at once.
+  rlimit openFiles{};
+  ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &openFiles), 0);
+  const rlimit fewer{100, openFiles.rlim_max};
+  ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &fewer), 0);
+
+  ExternalSorter sorter{root_, "run", 600};
+  for (int i = 0; i < 3000; ++i) {
+    // Keys that share more than their first eight bytes, and one that is longer than the memory.
+    const std::string key = "a long beginning " + std::to_string(i % 3);
+    sorter.add({i == 1500 ? std::string(2000, 'b') : key, std::to_string(i)});
+  }
+  std::vector<std::pair<std::string, int>> sorted;
+  while (const SortRecord* next = sorter.next())
+    sorted.emplace_back(next->key, std::stoi(std::string{next->payload}));
+  ::setrlimit(RLIMIT_NOFILE, &openFiles);
+  EXPECT_EQ(sorted.size(), 3000U);
+  EXPECT_TRUE(std::ranges::is_sorted(sorted));
+  EXPECT_EQ(sorted.back().second, 1500);
+}
+
+TEST_F(Pack, SorterRemovesItsFiles) {
+  {
+    ExternalSorter sorter{root_, "run", 600};
+    for (int i = 0; i < 3000; ++i) sorter.add({std::to_string(i), ""});
+    EXPECT_STREQ(std::string{sorter.next()->key}.c_str(), "0");
+    EXPECT_FALSE(fs::is_empty(root_));
+  }
+  EXPECT_TRUE(fs::is_empty(root_));
+  ExternalSorter empty{root_, "run", 600};
+  EXPECT_EQ(empty.next(), nullptr);
+}
+
+TEST(NumberOrder, AgreesWithTheCodePageAboutEveryTwoBytes) {
+  const NumberOrder order{windows1252()};
+  std::string keys[256];
+  std::string folded[256];
+  for (int byte = 0; byte < 256; ++byte) {
+    const std::string text(1, static_cast<char>(byte));
+    std::string back;
+    order.toKey(text, keys[byte]);
+    order.toText(keys[byte], back);
+    EXPECT_EQ(back, text);
+    order.foldCase(keys[byte], folded[byte]);
+  }
+  for (int a = 0; a < 256; ++a) {
+    ASSERT_LE(folded[a], keys[a]) << a;
+    for (int b = 0; b < 256; ++b) {
+      const char16_t unitA = windows1252()[static_cast<char>(a)];
+      const char16_t unitB = windows1252()[static_cast<char>(b)];
+      ASSERT_EQ(keys[a] < keys[b], unitA < unitB) << a << ' ' << b;
+      ASSERT_EQ(folded[a] == folded[b], upperCase(unitA) == upperCase(unitB)) << a << ' ' << b;
+    }
+  }
+}
+
+TEST(ProgressBar, WritesOverItsLineAndTakesItAway) {
+  std::ostringstream out;
+  {
+    ProgressBar bar{out, true};
+    bar.show("Reading", 1, 2);
+    bar.show("Reading", 2, 2);  // too soon after the first
+    EXPECT_EQ(out.str(), "\rReading [###############...............]  50%");
+    std::this_thread::sleep_for(std::chrono::milliseconds{110});
+    bar.show("Reading", 1, 2);  // nothing new
+    std::this_thread::sleep_for(std::chrono::milliseconds{110});
+    bar.show("On", 7, 0);
+    EXPECT_EQ(out.str().substr(46), "\rOn ..." + std::string(39, ' '));
+  }
+  EXPECT_TRUE(out.str().ends_with("\r      \r"));
+
+  std::ostringstream silent;
+  { ProgressBar{silent, false}.show("Reading", 1, 2); }
+  EXPECT_EQ(silent.str(), "");
+}
+
+}  // namespace
+}  // namespace keyscout
