@@ -7,35 +7,51 @@
 #include "apps/cli/exit_status.h"
 #include "apps/cli/native_files.h"
 #include "apps/cli/play/scripted_host.h"
+#include "apps/cli/play/session_view.h"
+#include "apps/cli/terminal.h"
 
 namespace keyscout {
 namespace {
 
-bool isSkipped(const std::string& line) {
+enum class Show { answers, session };
+
+/// The first character of a line that says anything, NUL where none does.
+char firstCharacter(const std::string& line) {
   const auto first = line.find_first_not_of(" \t\r");
-  return first == line.npos || line[first] == '#';
+  return first == line.npos ? '\0' : line[first];
 }
 
-int play(std::istream& script) {
+Json answer(ScriptedHost& host, const std::string& line) {
+  Json result = host.run(line);
+  // Flushed at once, since whoever plays interactively waits for it.
+  std::cout << result.dump(-1, ' ', false, Json::error_handler_t::replace) << std::endl;
+  return result;
+}
+
+int play(std::istream& script, Show show) {
   NativeFiles files;
   ScriptedHost host{files};
+  SessionView view{host, std::cout, isTerminal(StandardStream::output)};
   int status = ExitStatus::success;
   std::string line;
   while (std::getline(script, line)) {
-    if (isSkipped(line)) continue;
-    const Json answer = host.run(line);
-    if (answer.contains("malformed")) status = ExitStatus::negative;
-    // Flushed at once, since whoever plays interactively waits for it.
-    std::cout << answer.dump(-1, ' ', false, Json::error_handler_t::replace) << std::endl;
+    const char first = firstCharacter(line);
+    if (first == '#' && show == Show::session) view.heading(line);
+    if (first == '#' || first == '\0') continue;
+    const Json result = show == Show::session ? view.run(line) : answer(host, line);
+    if (result.contains("malformed")) status = ExitStatus::negative;
   }
   return status;
 }
 
-int playFile(const std::string& path) {
+int playFile(const std::string& path, Show show) {
   std::ifstream script{path, std::ios::binary};
-  if (script && script.peek() != std::ifstream::traits_type::eof()) return play(script);
-  if (script.is_open() && script.eof()) return ExitStatus::success;
-  std::cerr << "keyscout play: cannot read " << path << '\n';
+  const bool isReadable = script.is_open() && (script.peek(), !script.bad());
+  if (isReadable) {
+    script.clear();
+    return play(script, show);
+  }
+  std::cerr << "keyscout play: cannot read " << path << "; name a script of JSON Lines\n";
   return ExitStatus::unusable;
 }
 
@@ -46,9 +62,13 @@ void addPlayCommand(CLI::App& app, int& status) {
       app.add_subcommand("play", "Replay a scripted session: JSON Lines in, one answer a line out");
   const auto script = std::make_shared<std::string>();
   command->add_option("SCRIPT", *script, "The script to play; standard input where none is named");
+  const auto showsSession = std::make_shared<bool>(false);
+  command->add_flag("--view", *showsSession, "Show the session as a person would see it");
   command->footer("Example:\n  echo '{\"op\":\"shared\"}' | keyscout play");
-  command->callback(
-      [script, &status] { status = script->empty() ? play(std::cin) : playFile(*script); });
+  command->callback([script, showsSession, &status] {
+    const Show show = *showsSession ? Show::session : Show::answers;
+    status = script->empty() ? play(std::cin, show) : playFile(*script, show);
+  });
 }
 
 }  // namespace keyscout

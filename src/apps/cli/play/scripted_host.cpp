@@ -121,6 +121,12 @@ Json ScriptedHost::run(const std::string& line) {
   return answer;
 }
 
+Json ScriptedHost::focusedState() const {
+  for (const auto& [name, control] : controls_)
+    if (&control->surface() == form_.focusedSurface()) return control->state();
+  return nullptr;
+}
+
 Json ScriptedHost::dispatch(const Json& command) {
   if (!command.is_object()) throw Malformed("a command is a JSON object");
   const std::string operation = name(command, "op");

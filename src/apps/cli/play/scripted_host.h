@@ -30,6 +30,9 @@ class ScriptedHost {
   /// Runs one command, a JSON object in UTF-8, and answers it.
   Json run(const std::string& line);
 
+  /// The state of the control that has the focus, null where none has it.
+  Json focusedState() const;
+
  private:
   using Command = Json (ScriptedHost::*)(const Json& command);
   static const std::map<std::string, Command>& commands();

@@ -1,0 +1,69 @@
+// A host in C++: one control on a form without a screen. Give it a data directory and a text; it
+// prints the catalog numbers that the clerk would see.
+
+#include <iostream>
+
+#include "control/keyscout_control.h"
+#include "controller/keyscout_controller.h"
+#include "platform/local/local_library.h"
+#include "platform/local/trace_services.h"
+#include "platform/memory/form.h"
+#include "platform/portable_text_rules.h"
+#include "platform/posix/posix_files.h"
+#include "platform/system_clock.h"
+#include "platform/utf8.h"
+
+namespace {
+
+using namespace keyscout;
+
+/// Nobody is there to be asked whether to update.
+class NoUpdate final : public MessageBox {
+ public:
+  MessageBoxButton show(StringView text, std::int32_t /*style*/, StringView /*title*/) override {
+    std::cerr << toUtf8(text) << '\n';
+    return MessageBoxButton::no;
+  }
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 3) {
+    std::cerr << "usage: example_host DIRECTORY TEXT\n";
+    return 2;
+  }
+
+  // What the component asks of the world around it.
+  PosixFiles files;
+  SystemClock clock;
+  PortableTextRules textRules;
+  NoUpdate messageBox;
+  LocalLibrary library{std::make_shared<SilentTrace>()};
+  Platform platform{files, clock, windows1252(), textRules, messageBox, library};
+
+  RWKeyscoutController controller{platform};
+  controller.setKeyscoutDirectory(fromUtf8(argv[1]));
+  controller.setKeyscoutIndexFile(u"catindex.txt");
+  controller.setCatalogNumbersDownloadFile(u"catalog.txt");
+  try {
+    if (!controller.init()) {
+      std::cerr << "the catalog data could not be loaded\n";
+      return 1;
+    }
+  } catch (const Error& refusal) {
+    std::cerr << refusal.what() << '\n';
+    return 1;
+  }
+  controller.setKeyscoutEnabled(True);
+
+  Form form;
+  const auto surface = form.addSurface();
+  keyscoutControlEvents events;  // override what the host cares for
+  keyscoutControl control{platform, *surface, events};
+
+  form.moveFocus(*surface, FocusPlace::textBox);
+  for (const char16_t character : fromUtf8(argv[2])) form.type(character);
+  if (const auto list = surface->listView())
+    for (const String& entry : list->entries) std::cout << toUtf8(entry) << '\n';
+}
