@@ -1,0 +1,47 @@
+#include "lookup_stage.h"
+
+#include <stdexcept>
+
+#include "platform/local/trace_services.h"
+#include "platform/thread_slot.h"
+#include "platform/utf8.h"
+
+namespace keyscout::bench {
+
+MessageBoxButton LookupStage::Box::show(StringView text, std::int32_t, StringView) {
+  throw std::runtime_error{toUtf8(text)};
+}
+
+LookupStage::LookupStage(const std::filesystem::path& directory)
+    : library_(std::make_shared<SilentTrace>()),
+      platform_{files_, clock_, windows1252(), textRules_, box_, library_},
+      controller_((ThreadSlot::releaseThisThread(), platform_)),
+      surface_(form_.addSurface()),
+      control_(platform_, *surface_, events_) {
+  controller_.setKeyscoutDirectory(fromUtf8(directory.string()));
+  controller_.setKeyscoutIndexFile(u"catindex.txt");
+  controller_.setCatalogNumbersDownloadFile(u"download.txt");
+  if (!controller_.init()) throw std::runtime_error{"no catalog in " + directory.string()};
+  controller_.setKeyscoutEnabled(True);
+  focusText();
+}
+
+LookupStage::~LookupStage() { ThreadSlot::releaseThisThread(); }
+
+void LookupStage::enter(const std::string& text) { surface_->textBox().setText(fromUtf8(text)); }
+
+void LookupStage::press(std::int16_t keyCode) {
+  form_.keyDown(keyCode, 0);
+  form_.keyUp(keyCode, 0);
+}
+
+void LookupStage::setBrand(const std::string& brand) { control_.setBrand(fromUtf8(brand)); }
+
+std::vector<std::string> LookupStage::entries() const {
+  std::vector<std::string> entries;
+  if (const auto list = surface_->listView())
+    for (const String& entry : list->entries) entries.push_back(toUtf8(entry));
+  return entries;
+}
+
+}  // namespace keyscout::bench
