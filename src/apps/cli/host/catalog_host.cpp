@@ -15,6 +15,15 @@ CatalogHost::CatalogHost(Files& files, MessageBox& messageBox)
 
 CatalogHost::~CatalogHost() = default;
 
+void CatalogHost::configure(const DataDirectory& directory) {
+  controller_.setKeyscoutDirectory(fromUtf8(shownPath(directory.path)));
+  controller_.setKeyscoutIndexFile(fromUtf8(directory.indexFile));
+  // A host always names a download; that there is none is then for the controller to say.
+  const std::string& download = directory.downloadFile;
+  controller_.setCatalogNumbersDownloadFile(download.empty() ? u"download.txt"
+                                                             : fromUtf8(download));
+}
+
 void CatalogHost::start(const DataDirectory& directory) {
   const std::string path = shownPath(directory.path);
   const auto refuse = [&](const std::string& why) {
@@ -23,12 +32,7 @@ void CatalogHost::start(const DataDirectory& directory) {
   if (!std::filesystem::is_directory(directory.path))
     throw std::runtime_error(path + " is not a directory.");
 
-  controller_.setKeyscoutDirectory(fromUtf8(path));
-  controller_.setKeyscoutIndexFile(fromUtf8(directory.indexFile));
-  // A host always names a download; that there is none is then for the controller to say.
-  const std::string& download = directory.downloadFile;
-  controller_.setCatalogNumbersDownloadFile(download.empty() ? u"download.txt"
-                                                             : fromUtf8(download));
+  configure(directory);
   bool isReady = false;
   try {
     isReady = static_cast<bool>(controller_.init());

@@ -25,8 +25,10 @@ class CatalogHost {
   CatalogHost(const CatalogHost&) = delete;
   CatalogHost& operator=(const CatalogHost&) = delete;
 
-  /// Brings lookups into service. Fails with `std::runtime_error` where the directory cannot be
-  /// used, in the controller's own sentence where it has one.
+  /// Tells the controller where the catalog is.
+  void configure(const DataDirectory& directory);
+  /// Does that and brings lookups into service. Fails with `std::runtime_error` where the directory
+  /// cannot be used, in the controller's own sentence where it has one.
   void start(const DataDirectory& directory);
 
   Platform& platform() { return platform_; }
