@@ -8,6 +8,9 @@
 #include "apps/cli/lookup/lookup_command.h"
 #include "apps/cli/pack/pack_command.h"
 #include "apps/cli/play/play_command.h"
+#ifdef KEYSCOUT_HAS_TRY
+#include "apps/cli/try/try_command.h"
+#endif
 
 int main(int argc, char** argv) {
   using namespace keyscout;
@@ -22,6 +25,9 @@ int main(int argc, char** argv) {
   addLookupCommand(app, status);
   addPackCommand(app, status);
   addPlayCommand(app, status);
+#ifdef KEYSCOUT_HAS_TRY
+  addTryCommand(app, status);
+#endif
 
   const std::string version = "keyscout " KEYSCOUT_VERSION;
   app.set_version_flag("--version", version);

@@ -11,7 +11,7 @@ struct DataDirectory {
   std::filesystem::path path;
   std::string indexFile = "catindex.txt";
   /// Empty where it has yet to be found.
-  std::string downloadFile;
+  std::string downloadFile = {};
 };
 
 /// `directory` with its download named: that file in it whose first line is a download's header.
