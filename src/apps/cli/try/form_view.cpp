@@ -70,9 +70,13 @@ void FormView::drawChoices(const Layout& layout) {
   const auto& choices = form_.choices();
   const int end = place.column + place.columns;
   int column = place.column;
-  for (std::size_t i = firstShownChoice(place.columns); i < choices.size() && column < end; ++i) {
+  for (std::size_t i = firstShownChoice(place.columns); i < choices.size(); ++i) {
     const std::wstring shown = shownChoice(choices[i]);
     const bool hasFocus = form_.focus() == Stop::authorized && i == form_.choiceCursor();
+    if (column + columnsOf(shown) > end && !hasFocus) {
+      screen_.text(place.row, end - 1, 1, L"\x2026", Style::plain);
+      return;
+    }
     screen_.text(place.row, column, std::min(columnsOf(shown), end - column), shown,
                  hasFocus              ? Style::chosen
                  : choices[i].isChosen ? Style::strong
@@ -120,11 +124,11 @@ void FormView::drawList(const Layout& layout) {
                  isSelected ? Style::chosen : Style::plain);
   }
   if (first > 0)
-    screen_.text(area.row, area.column + area.columns - 8, 6, L" more ", Style::focusedFrame);
+    screen_.text(area.row, area.column + area.columns - 10, 8, L" more \x2191 ",
+                 Style::focusedFrame);
   const bool ends = static_cast<bool>(field->control().lookupFields().endOfCatalogReached);
-  const std::wstring mark = first + shown < entries ? L" more \x2193 "
-                            : ends                  ? L" end of catalog "
-                                                    : L" Down for more \x2193 ";
+  const bool isAtEnd = ends && first + shown == entries;
+  const std::wstring mark = isAtEnd ? L" end of catalog " : L" more \x2193 ";
   const int width = std::min(columnsOf(mark), area.columns - 4);
   screen_.text(area.row + area.rows - 1, area.column + area.columns - 2 - width, width, mark,
                Style::focusedFrame);

@@ -94,6 +94,11 @@ Input escapeKey() {
   timeout(0);
   const int kind = get_wch(&next);
   if (kind == ERR) return keyInput(KeyCodes::escape);
+  if (kind == KEY_CODE_YES && (next == KEY_RESIZE || next == KEY_MOUSE)) {
+    // These are no keys; they come by themselves and only seem to belong to it.
+    ungetch(static_cast<int>(next));
+    return keyInput(KeyCodes::escape);
+  }
   Input input = kind == KEY_CODE_YES ? namedKey(static_cast<int>(next))
                 : next < 32          ? controlKey(next)
                                      : keyOf(static_cast<char32_t>(next));

@@ -97,11 +97,11 @@ void drawState(Screen& screen, const Rectangle& area, TryForm& form,
   lines.value(L"Table", std::to_string(lookup.currentTableIndex));
 }
 
-void drawTitle(Screen& screen, const Rectangle& area, const std::string& directory) {
+void drawTitle(Screen& screen, const Rectangle& area, const std::string& catalog) {
   const std::wstring name = L" Keyscout  ";
   const int nameColumns = columnsOf(name);
   screen.text(area.row, area.column, nameColumns, name, Style::barKey);
-  screen.text(area.row, area.column + nameColumns, area.columns - nameColumns, wide(directory),
+  screen.text(area.row, area.column + nameColumns, area.columns - nameColumns, wide(catalog),
               Style::bar);
 }
 

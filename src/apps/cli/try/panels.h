@@ -26,7 +26,7 @@ void drawEvents(Screen& screen, const Rectangle& area, const EventLog& log);
 /// its last lookup took.
 void drawState(Screen& screen, const Rectangle& area, TryForm& form,
                const std::optional<LookupCost>& cost);
-void drawTitle(Screen& screen, const Rectangle& area, const std::string& directory);
+void drawTitle(Screen& screen, const Rectangle& area, const std::string& catalog);
 /// The keys that belong to the host.
 void drawKeys(Screen& screen, const Rectangle& area);
 

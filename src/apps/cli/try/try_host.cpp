@@ -21,20 +21,20 @@ constexpr int update = 5;
 constexpr int quit = 10;
 }  // namespace HostKeys
 
+CatalogHost& started(CatalogHost& catalog, const DataDirectory& directory) {
+  catalog.start(directory);
+  return catalog;
+}
+
 /// The lines of a message, which come with line ends of either kind.
 std::vector<std::wstring> linesOf(StringView text) {
-  std::vector<std::wstring> lines(1);
-  for (const wchar_t character : [&] {
-         std::wstring kept;
-         for (const char16_t unit : text)
-           if (unit != u'\r') kept += unit == u'\n' ? std::wstring{L'\n'} : toWide({&unit, 1});
-         return kept;
-       }()) {
-    if (character == L'\n') {
-      lines.emplace_back();
-    } else {
-      lines.back() += character;
-    }
+  std::vector<std::wstring> lines;
+  for (std::size_t end = 0; end != text.npos;) {
+    end = text.find(u'\n');
+    StringView line = text.substr(0, end);
+    if (line.ends_with(u'\r')) line.remove_suffix(1);
+    lines.push_back(toWide(line));
+    text.remove_prefix(end == text.npos ? 0 : end + 1);
   }
   return lines;
 }
@@ -50,10 +50,12 @@ struct TryHost::Stage {
 
 TryHost::TryHost(Files& files, DataDirectory directory)
     : directory_(withDownloadFound(std::move(directory))),
+      givenPath_(shownPath(directory_.path)),
+      title_(givenPath_),
       damaged_(files),
       metered_(damaged_),
       catalog_(metered_, *this),
-      form_((catalog_.start(directory_), catalog_), log_, [this] { updateIsWanted_ = true; }) {}
+      form_(started(catalog_, directory_), log_, [this] { updateIsWanted_ = true; }) {}
 
 TryHost::~TryHost() = default;
 
@@ -84,7 +86,7 @@ void TryHost::draw() {
     screen.text(0, 0, screen.columns(), L"Keyscout needs 60 columns and 20 rows.", Style::plain);
     return;
   }
-  drawTitle(screen, layout.title, shownPath(directory_.path));
+  drawTitle(screen, layout.title, title_);
   stage_->view.drawForm(layout);
   drawEvents(screen, layout.events, log_);
   drawState(screen, layout.state, form_, cost_);
@@ -178,17 +180,18 @@ void TryHost::tell(const std::wstring& title, const std::string& text) {
 
 void TryHost::showHelp() {
   tell(L"Help",
-       "Type into Part or Replaces: the list opens below.\n"
-       "Down      into the list, on the last entry: more\n"
-       "Up, Page  move in the list; Up on the first: back\n"
-       "Enter     accept      Alt+Up, Esc  close the list\n"
-       "Tab       next field  Space        choose a brand\n"
-       "Brand filters by one brand; with no authorized brand\n"
-       "chosen every brand may be listed.\n"
-       "F2 makes the table of the list unreadable, so that\n"
-       "the next lookup in it fails; F5, or Yes to the\n"
-       "question then, packs the catalog anew and unlocks.\n"
-       "The directory itself is never written to.");
+       "Type into Part or Replaces; the list opens below.\n"
+       "Down     into the list; on the last entry: more\n"
+       "Up       in the list; on the first entry: back\n"
+       "Enter    accept the entry; so does a click\n"
+       "Esc      close the list; so does Alt+Up\n"
+       "Tab      the next field\n"
+       "Space    choose an authorized brand; none is all\n"
+       "\n"
+       "F2 makes the list's table unreadable, so the next\n"
+       "lookup in it fails. F5, or Yes to the question\n"
+       "then, packs the catalog anew and unlocks. The\n"
+       "directory itself is never written to.");
 }
 
 void TryHost::damageTable() {
@@ -239,6 +242,7 @@ void TryHost::update() {
   }
   damaged_.repair();
   catalog_.configure(directory_);
+  title_ = givenPath_ + " (packed anew)";
   log_.add("host", "updated");
   unlock();
   form_.readBrands();

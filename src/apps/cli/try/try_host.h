@@ -44,6 +44,8 @@ class TryHost final : private MessageBox {
   void update();
 
   DataDirectory directory_;
+  std::string givenPath_;
+  std::string title_;
   DamagedFiles damaged_;
   MeteredFiles metered_;
   CatalogHost catalog_;
