@@ -15,7 +15,7 @@ constexpr std::array watched{SIGINT, SIGTERM};
 
 void setHandler(int signal, void (*handler)(int)) { std::signal(signal, handler); }
 #else
-constexpr std::array watched{SIGINT, SIGTERM, SIGHUP, SIGPIPE};
+constexpr std::array watched{SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE};
 
 void setHandler(int signal, void (*handler)(int)) {
   struct sigaction action {};
