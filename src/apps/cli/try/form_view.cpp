@@ -129,9 +129,9 @@ void FormView::drawList(const Layout& layout) {
   const bool ends = static_cast<bool>(field->control().lookupFields().endOfCatalogReached);
   const bool isAtEnd = ends && first + shown == entries;
   const std::wstring mark = isAtEnd ? L" end of catalog " : L" more \x2193 ";
-  const int width = std::min(columnsOf(mark), area.columns - 4);
-  screen_.text(area.row + area.rows - 1, area.column + area.columns - 2 - width, width, mark,
-               Style::focusedFrame);
+  const int width = std::min(columnsOf(mark), area.columns - 2);
+  const int column = std::max(area.column + 1, area.column + area.columns - 2 - width);
+  screen_.text(area.row + area.rows - 1, column, width, mark, Style::focusedFrame);
 }
 
 std::optional<std::int16_t> FormView::entryAt(const Layout& layout, int row, int column) const {

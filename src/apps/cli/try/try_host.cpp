@@ -242,7 +242,7 @@ void TryHost::update() {
   }
   damaged_.repair();
   catalog_.configure(directory_);
-  title_ = givenPath_ + " (packed anew)";
+  title_ = "packed anew from " + givenPath_;
   log_.add("host", "updated");
   unlock();
   form_.readBrands();
