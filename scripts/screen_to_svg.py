@@ -52,18 +52,20 @@ class Look:
         return foreground, background, self.bold, self.dim, self.underlined
 
 
-def runs(line):
-    """Yields (look, text, columns) for stretches of characters that look the same."""
-    look = Look()
+def columns_of(character):
+    if unicodedata.combining(character):
+        return 0
+    return 2 if unicodedata.east_asian_width(character) in "WF" else 1
+
+
+def runs(line, look):
+    """Yields (look, text) for stretches of characters that look the same. `look` is how the line
+    before left it."""
     for part in re.split(r"(\x1b\[[0-9;]*m)", line):
         if part.startswith("\x1b["):
             look.apply([int(code or 0) for code in part[2:-1].split(";")])
         elif part:
-            width = sum(
-                0 if unicodedata.combining(c) else 2 if unicodedata.east_asian_width(c) in "WF" else 1
-                for c in part
-            )
-            yield look.key(), part, width
+            yield look.key(), part
 
 
 def main():
@@ -73,11 +75,18 @@ def main():
           f'viewBox="0 0 {width} {height}">')
     print(f'<rect width="{width}" height="{height}" rx="8" fill="{BACKGROUND}"/>')
     print('<g font-family="DejaVu Sans Mono, Menlo, Consolas, monospace" font-size="15">')
+    look = Look()
     for row, line in enumerate(sys.stdin.read().split("\n")[:rows]):
         column = 0
-        for (foreground, background, bold, dim, underlined), text, run_width in runs(line):
+        for (foreground, background, bold, dim, underlined), text in runs(line, look):
             x, y = MARGIN + column * CELL_WIDTH, MARGIN + row * CELL_HEIGHT
-            length = run_width * CELL_WIDTH
+            # Each character has its place, so that columns line up in any font.
+            places = []
+            for character in text:
+                if columns_of(character) > 0:
+                    places.append(MARGIN + column * CELL_WIDTH)
+                column += columns_of(character)
+            length = MARGIN + column * CELL_WIDTH - x
             if background != BACKGROUND:
                 print(f'<rect x="{x}" y="{y}" width="{length}" height="{CELL_HEIGHT}" '
                       f'fill="{background}"/>')
@@ -86,9 +95,8 @@ def main():
                       f'fill="{foreground}"/>')
             if text.strip():
                 style = (' font-weight="bold"' if bold else "") + (' opacity="0.6"' if dim else "")
-                print(f'<text x="{x}" y="{y + 15}" textLength="{length}" xml:space="preserve" '
-                      f'fill="{foreground}"{style}>{html.escape(text)}</text>')
-            column += run_width
+                print(f'<text x="{" ".join(map(str, places))}" y="{y + 15}" '
+                      f'xml:space="preserve" fill="{foreground}"{style}>{html.escape(text)}</text>')
     print("</g>\n</svg>")
 
 
