@@ -68,6 +68,12 @@ class SequentialFile {
   /// Puts up to `room` next bytes of the file at `to`; how many, 0 at the end of the file only.
   virtual std::size_t read(char* to, std::size_t room) = 0;
 
+  /// Reads on in another file, for files that hand the bytes of one on. Of that one nothing may
+  /// have been read line by line.
+  static std::size_t readFrom(SequentialFile& file, char* to, std::size_t room) {
+    return file.read(to, room);
+  }
+
  private:
   static std::size_t lengthWithoutReturn(const char* start, const char* end) {
     const bool hasReturn = end != start && end[-1] == '\r';

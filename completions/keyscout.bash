@@ -1,0 +1,36 @@
+# Completion of the keyscout program for bash.
+
+_keyscout() {
+  local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
+  local common="--help --version" options
+  COMPREPLY=()
+
+  if ((COMP_CWORD == 1)); then
+    COMPREPLY=($(compgen -W "check lookup pack play try $common" -- "$current"))
+    return
+  fi
+  case $previous in
+    # What these take is known to the user alone.
+    --brand | --authorized | --count | --lines | --index | --download) return ;;
+  esac
+  case ${COMP_WORDS[1]} in
+    check) options="--json --index --download" ;;
+    lookup) options="--brand --authorized --count --json --index --download" ;;
+    pack) options="--lines --index" ;;
+    play) options="--view" ;;
+    try) options="--index --download" ;;
+    *) options="" ;;
+  esac
+  if [[ $current == -* ]]; then
+    COMPREPLY=($(compgen -W "$options $common" -- "$current"))
+    return
+  fi
+
+  compopt -o filenames 2>/dev/null
+  case ${COMP_WORDS[1]} in
+    pack | play) COMPREPLY=($(compgen -f -- "$current")) ;;
+    *) COMPREPLY=($(compgen -d -- "$current")) ;;
+  esac
+}
+
+complete -F _keyscout keyscout

@@ -1,0 +1,93 @@
+#include "apps/cli/check/brand_check.h"
+
+#include "platform/error.h"
+#include "platform/letter_case.h"
+#include "platform/utf8.h"
+
+namespace keyscout {
+namespace {
+
+const std::string fileName = "brandinfo.txt";
+
+// More distinct brands than any catalog has; beyond them some are reported more than once.
+constexpr std::size_t mostSettled = 65536;
+
+/// True when the columns of the key look like a code with a name behind it: blanks in their midst,
+/// or a word that begins exactly where the item's columns do.
+bool hasTextBehindCode(std::string_view line) {
+  constexpr std::size_t itemColumn = 11;
+  const std::string_view key = trimmed(columns(line, 1, 50));
+  if (key.find("  ") != key.npos) return true;
+  return line.size() >= itemColumn && line[itemColumn - 1] != ' ' && line[itemColumn - 2] == ' ' &&
+         !trimmed(line.substr(0, itemColumn - 1)).empty();
+}
+
+}  // namespace
+
+void BrandCheck::readFile() {
+  std::uint64_t line = 0;
+  try {
+    const auto file = directory_.open(fileName);
+    while (!file->atEnd()) {
+      ++line;
+      checkLine(file->readLine(), line);
+    }
+    isComplete_ = true;
+  } catch (const Error& failure) {
+    directory_.error(fileName, line + 1,
+                     std::string{"cannot be read: "} + failure.what() +
+                         "; a start-up without brands leaves the catalog unloaded");
+  }
+}
+
+void BrandCheck::checkLine(std::string_view bytes, std::uint64_t line) {
+  const std::string_view key = trimmed(columns(bytes, 1, 50));
+  if (trimmed(bytes).empty()) return;
+  if (key.empty()) {
+    directory_.error(fileName, line, "has no brand in columns 1 to 50");
+    return;
+  }
+  const String spelling = directory_.codePage.decode(key);
+  const auto [first, isNew] = known_.try_emplace(upperCase(spelling), Known{spelling, line});
+  if (!isNew) {
+    directory_.warning(fileName, line,
+                       "brand " + inQuotes(spelling) + " stands on line " +
+                           std::to_string(first->second.line) + " already; the first one counts");
+  } else if (hasTextBehindCode(bytes)) {
+    directory_.error(fileName, line,
+                     "columns 1 to 50 are the brand's key, so this brand is known as " +
+                         inQuotes(spelling) + "; its name may only begin in column 51");
+  }
+}
+
+void BrandCheck::beginTable() {
+  settled_.clear();
+  latest_.clear();
+}
+
+void BrandCheck::check(std::string_view brand, const std::string& file, std::uint64_t line) {
+  if (brand == latest_) return;
+  latest_ = brand;
+  if (settled_.contains(brand)) return;
+  if (settled_.size() == mostSettled) settled_.clear();
+  settled_.emplace(brand);
+  compare(brand, file, line);
+}
+
+void BrandCheck::compare(std::string_view brand, const std::string& file, std::uint64_t line) {
+  if (brand.empty() || !isComplete_) return;
+  const String spelling = directory_.codePage.decode(brand);
+  const auto found = known_.find(upperCase(spelling));
+  if (found == known_.end()) {
+    directory_.warning(file, line,
+                       "brand " + inQuotes(spelling) + " is not in " + fileName +
+                           "; a control that is set to it lists nothing");
+  } else if (found->second.spelling != spelling) {
+    directory_.warning(file, line,
+                       "brand " + inQuotes(spelling) + " is spelled " +
+                           inQuotes(found->second.spelling) + " in " + fileName +
+                           "; letter case counts when a list is filtered by brand");
+  }
+}
+
+}  // namespace keyscout

@@ -1,0 +1,56 @@
+#include "apps/cli/check/check_output.h"
+
+#include <nlohmann/json.hpp>
+#include <string>
+
+namespace keyscout {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+const char* nameOf(Severity severity) { return severity == Severity::error ? "error" : "warning"; }
+
+std::string counted(std::uint64_t count, const std::string& noun) {
+  return std::to_string(count) + ' ' + noun + (count == 1 ? "" : "s");
+}
+
+std::string dumped(const Json& json) {
+  return json.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+}  // namespace
+
+void CheckOutput::add(const Finding& finding) {
+  write(finding);
+  ++(finding.severity == Severity::error ? errors_ : warnings_);
+}
+
+void CheckText::write(const Finding& finding) {
+  out() << finding.file << ':' << finding.line << ": " << nameOf(finding.severity) << ": "
+        << finding.sentence << '\n';
+}
+
+void CheckText::finish(const CheckSummary& summary) {
+  out() << counted(errors(), "error") << ", " << counted(warnings(), "warning") << " in "
+        << counted(summary.lines, "line") << " of " << counted(summary.tables, "table") << '\n';
+}
+
+CheckJson::CheckJson(std::ostream& output) : CheckOutput(output) { out() << "{\"findings\":["; }
+
+void CheckJson::write(const Finding& finding) {
+  const Json object{{"file", finding.file},
+                    {"line", finding.line},
+                    {"severity", nameOf(finding.severity)},
+                    {"sentence", finding.sentence}};
+  out() << (errors() + warnings() == 0 ? "\n" : ",\n") << dumped(object);
+}
+
+void CheckJson::finish(const CheckSummary& summary) {
+  const Json object{{"errors", errors()},
+                    {"warnings", warnings()},
+                    {"lines", summary.lines},
+                    {"tables", summary.tables}};
+  out() << "],\n\"summary\":" << dumped(object) << "}\n";
+}
+
+}  // namespace keyscout

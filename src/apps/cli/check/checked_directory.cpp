@@ -1,0 +1,23 @@
+#include "apps/cli/check/checked_directory.h"
+
+#include "platform/utf8.h"
+
+namespace keyscout {
+
+std::unique_ptr<SequentialFile> CheckedDirectory::open(std::string_view name) const {
+  return files.open(fromUtf8(shownPath(names.path)) + u'\\' + fromUtf8(name));
+}
+
+std::uint64_t CheckedDirectory::sizeOf(std::string_view name) const {
+  std::error_code failure;
+  const auto size = std::filesystem::file_size(names.path / name, failure);
+  return failure ? 0 : size;
+}
+
+std::string CheckedDirectory::inQuotes(std::string_view bytes) const {
+  return keyscout::inQuotes(codePage.decode(bytes));
+}
+
+std::string inQuotes(StringView text) { return '"' + toUtf8(text) + '"'; }
+
+}  // namespace keyscout

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "apps/cli/check/finding.h"
+#include "apps/cli/host/data_directory.h"
+#include "platform/code_page.h"
+#include "platform/files.h"
+
+namespace keyscout {
+
+/// Told now and then that `done` of `total` bytes of a step are done. It may throw to end the work.
+using CheckProgress =
+    std::function<void(std::string_view step, std::uint64_t done, std::uint64_t total)>;
+
+/// What the checks of all files share: the directory being read and where findings go.
+struct CheckedDirectory {
+  Files& files;
+  DataDirectory names;
+  FindingReport report;
+  CheckProgress progress;
+  const CodePage& codePage;
+
+  /// Opens the file `name` of the directory; fails as `Files::open` does.
+  std::unique_ptr<SequentialFile> open(std::string_view name) const;
+  /// The size of the file `name`, 0 where it has none.
+  std::uint64_t sizeOf(std::string_view name) const;
+
+  void error(const std::string& file, std::uint64_t line, const std::string& sentence) const {
+    report({file, line, Severity::error, sentence});
+  }
+  void warning(const std::string& file, std::uint64_t line, const std::string& sentence) const {
+    report({file, line, Severity::warning, sentence});
+  }
+
+  /// A text of the files in UTF-8 and in quotation marks.
+  std::string inQuotes(std::string_view bytes) const;
+};
+
+std::string inQuotes(StringView text);
+
+}  // namespace keyscout

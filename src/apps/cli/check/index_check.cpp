@@ -1,0 +1,101 @@
+#include "apps/cli/check/index_check.h"
+
+#include "platform/error.h"
+#include "platform/utf8.h"
+#include "shared/index_line.h"
+#include "shared/keyscout_module.h"
+
+namespace keyscout {
+namespace {
+
+constexpr std::size_t completeLine = 250;
+
+class IndexCheck {
+ public:
+  explicit IndexCheck(const CheckedDirectory& directory)
+      : directory_(directory), file_(directory.names.indexFile) {}
+
+  std::vector<IndexedTable> run() {
+    try {
+      const auto file = directory_.open(file_);
+      while (!file->atEnd() && !isFull_) {
+        ++line_;
+        const String text = directory_.codePage.decode(file->readLine());
+        if (!trimmed(text).empty()) take(text);
+      }
+      if (tables_.empty()) error("names no table");
+    } catch (const Error& failure) {
+      ++line_;
+      error(std::string{"cannot be read: "} + failure.what());
+    }
+    return std::move(tables_);
+  }
+
+ private:
+  void take(const String& text) {
+    if (tables_.size() == keyscoutModule::catalogTableCapacity) {
+      error("is table 1002; an index holds 1001, and a start-up with more of them fails");
+      isFull_ = true;
+      return;
+    }
+    IndexedTable table{parseIndexLine(text), line_, {}};
+    table.fileName = toUtf8(table.entry.tableNumber) + ".txt";
+    checkLength(text.size());
+    checkTableNumber(table.entry);
+    checkRange(table.entry);
+    tables_.push_back(std::move(table));
+  }
+
+  void checkLength(std::size_t length) {
+    if (length == completeLine) return;
+    directory_.warning(file_, line_,
+                       "has " + std::to_string(length) +
+                           " characters instead of 250; its last 50, whatever they hold, are taken "
+                           "for the brand of the last entry");
+  }
+
+  void checkTableNumber(const CatalogTableEntry& entry) {
+    const String position = decimal(static_cast<int>(tables_.size()));
+    if (entry.tableNumber == position) return;
+    error("table number " + inQuotes(entry.tableNumber) + " stands at position " +
+          toUtf8(position) + "; a lookup that goes on from the table before opens " +
+          toUtf8(position) + ".txt");
+  }
+
+  void checkRange(const CatalogTableEntry& entry) {
+    if (entry.firstCatalog.empty()) error("has no first catalog number in columns 21 to 80");
+    if (entry.lastCatalog.empty()) error("has no last catalog number in columns 141 to 200");
+    if (entry.firstCatalog.empty() || entry.lastCatalog.empty()) return;
+
+    const std::string first = inQuotes(entry.firstCatalog);
+    if (entry.firstCatalog > entry.lastCatalog)
+      error("ends with " + inQuotes(entry.lastCatalog) + ", which stands below its first number " +
+            first);
+    if (tables_.empty()) return;
+    const IndexedTable& before = tables_.back();
+    const std::string line = " (line " + std::to_string(before.line) + ')';
+    if (entry.firstCatalog < before.entry.firstCatalog) {
+      error("begins with " + first + ", out of order behind " +
+            inQuotes(before.entry.firstCatalog) + line);
+    } else if (entry.firstCatalog <= before.entry.lastCatalog) {
+      error("begins with " + first + " and overlaps the table before, which ends with " +
+            inQuotes(before.entry.lastCatalog) + line);
+    }
+  }
+
+  void error(const std::string& sentence) { directory_.error(file_, line_, sentence); }
+
+  const CheckedDirectory& directory_;
+  const std::string file_;
+  std::uint64_t line_ = 0;
+  bool isFull_ = false;
+  std::vector<IndexedTable> tables_;
+};
+
+}  // namespace
+
+std::vector<IndexedTable> checkIndex(const CheckedDirectory& directory) {
+  return IndexCheck{directory}.run();
+}
+
+}  // namespace keyscout

@@ -1,0 +1,46 @@
+#include "apps/cli/check/start_up_check.h"
+
+#include "apps/cli/host/catalog_host.h"
+#include "platform/utf8.h"
+
+namespace keyscout {
+namespace {
+
+class NoMessageBox final : public MessageBox {
+ public:
+  MessageBoxButton show(StringView, std::int32_t, StringView) override {
+    return MessageBoxButton::no;
+  }
+};
+
+template <class Check>
+void checkFile(const CheckedDirectory& directory, CatalogHost& host, const std::string& file,
+               Check&& check) {
+  try {
+    if (!check()) directory.error(file, 1, "cannot be read: " + host.takeFailure());
+  } catch (const Error& refusal) {
+    directory.error(file, 1, onOneLine(refusal.what()));
+  }
+}
+
+}  // namespace
+
+void checkStartUp(const CheckedDirectory& directory) {
+  NoMessageBox messageBox;
+  CatalogHost host{directory.files, messageBox};
+  RWKeyscoutController& controller = host.controller();
+  host.configure(directory.names);
+
+  checkFile(directory, host, "catcontrol.txt",
+            [&] { return controller.checkCatalogControlFile(); });
+  const std::string& download = directory.names.downloadFile;
+  if (download.empty()) {
+    directory.error(shownPath(directory.names.path), 1,
+                    "holds no catalog download: no file in it begins with the line "
+                    "FORMAT=[INDEX(10)][CATALOG(60)][BRAND(50)]");
+    return;
+  }
+  checkFile(directory, host, download, [&] { return controller.checkDownloadVersion(); });
+}
+
+}  // namespace keyscout

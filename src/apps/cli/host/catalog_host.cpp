@@ -1,0 +1,55 @@
+#include "apps/cli/host/catalog_host.h"
+
+#include <stdexcept>
+
+#include "platform/utf8.h"
+#include "shared/keyscout_module.h"
+
+namespace keyscout {
+
+CatalogHost::CleanState::CleanState() { keyscoutModule::ofThisThread() = {}; }
+CatalogHost::CleanState::~CleanState() { keyscoutModule::ofThisThread() = {}; }
+
+CatalogHost::CatalogHost(Files& files, MessageBox& messageBox)
+    : platform_{files, clock_, windows1252(), textRules_, messageBox, library_} {}
+
+CatalogHost::~CatalogHost() = default;
+
+void CatalogHost::configure(const DataDirectory& directory) {
+  controller_.setKeyscoutDirectory(fromUtf8(shownPath(directory.path)));
+  controller_.setKeyscoutIndexFile(fromUtf8(directory.indexFile));
+  // A host always names a download; that there is none is then for the controller to say.
+  const std::string& download = directory.downloadFile;
+  controller_.setCatalogNumbersDownloadFile(download.empty() ? u"download.txt"
+                                                             : fromUtf8(download));
+}
+
+void CatalogHost::start(const DataDirectory& directory) {
+  const std::string path = shownPath(directory.path);
+  const auto refuse = [&](const std::string& why) {
+    throw std::runtime_error(onOneLine(why) + "\n  To see what is wrong: keyscout check " + path);
+  };
+  if (!std::filesystem::is_directory(directory.path))
+    throw std::runtime_error(path + " is not a directory.");
+
+  configure(directory);
+  bool isReady = false;
+  try {
+    isReady = static_cast<bool>(controller_.init());
+  } catch (const Error& refusal) {
+    refuse(refusal.what());
+  }
+  if (!isReady) refuse("The catalog in " + path + " cannot be loaded: " + takeFailure() + '.');
+  controller_.setKeyscoutEnabled(True);
+}
+
+std::string onOneLine(std::string text) {
+  std::string line;
+  for (const char character : text) {
+    if (character == '\r') continue;
+    line += character == '\n' ? ' ' : character;
+  }
+  return line;
+}
+
+}  // namespace keyscout

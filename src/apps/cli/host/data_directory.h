@@ -1,0 +1,25 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace keyscout {
+
+/// Where a catalog lies and under which names a host looks for the two files that it may name as
+/// it likes.
+struct DataDirectory {
+  std::filesystem::path path;
+  std::string indexFile = "catindex.txt";
+  /// Empty where it has yet to be found.
+  std::string downloadFile = {};
+};
+
+/// `directory` with its download named: that file in it whose first line is a download's header.
+/// Where there is none its name stays empty. Fails with `std::filesystem::filesystem_error` where
+/// the directory cannot be read.
+DataDirectory withDownloadFound(DataDirectory directory);
+
+/// `path` in UTF-8, as messages show it.
+std::string shownPath(const std::filesystem::path& path);
+
+}  // namespace keyscout

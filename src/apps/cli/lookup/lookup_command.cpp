@@ -1,0 +1,69 @@
+#include "apps/cli/lookup/lookup_command.h"
+
+#include <CLI/CLI.hpp>
+#include <iostream>
+#include <memory>
+
+#include "apps/cli/exit_status.h"
+#include "apps/cli/lookup/lookup.h"
+#include "apps/cli/lookup/lookup_output.h"
+#include "apps/cli/native_files.h"
+
+namespace keyscout {
+namespace {
+
+// A list ends at 999 entries.
+constexpr int mostEntries = 999;
+
+int run(LookupRequest request, bool asJson) {
+  LookupAnswer answer;
+  try {
+    NativeFiles files;
+    request.directory = withDownloadFound(request.directory);
+    answer = lookUp(files, request);
+  } catch (const std::exception& failure) {
+    std::cerr << "keyscout lookup: " << failure.what() << '\n';
+    return ExitStatus::unusable;
+  }
+  if (asJson) {
+    writeJson(std::cout, request, answer);
+  } else {
+    writeText(std::cout, answer);
+  }
+  if (!answer.entries.empty()) return ExitStatus::success;
+  if (!asJson)
+    std::cerr << "keyscout lookup: nothing in the catalog follows " << request.text << '\n';
+  return ExitStatus::negative;
+}
+
+}  // namespace
+
+void addLookupCommand(CLI::App& app, int& status) {
+  CLI::App* const command =
+      app.add_subcommand("lookup", "Print the list that the control shows for a text");
+  const auto request = std::make_shared<LookupRequest>();
+  const auto path = std::make_shared<std::string>();
+  const auto asJson = std::make_shared<bool>(false);
+  command->add_option("DIR", *path, "The catalog's data directory")->required();
+  command->add_option("TEXT", request->text, "What is typed into the text box")->required();
+  command->add_option("--brand", request->brand, "List this brand's numbers only");
+  // One value for each --authorized, so that it can stand before DIR as well.
+  command->add_option("--authorized", request->authorized, "A brand that may be listed; repeatable")
+      ->allow_extra_args(false);
+  command->add_option("--count", request->count, "Walk down the list until it has so many entries")
+      ->check(CLI::Range(1, mostEntries));
+  command->add_flag("--json", *asJson, "Print one JSON object");
+  command->add_option("--index", request->directory.indexFile, "The index file's name")
+      ->capture_default_str();
+  command->add_option("--download", request->directory.downloadFile,
+                      "The download file's name; found by its header where not given");
+  command->footer(
+      "Exits with 1 where nothing is listed, with 2 where the directory cannot be used.\n\n"
+      "Example:\n  keyscout lookup /var/lib/catalog AB-1 --brand ACME --count 20");
+  command->callback([=, &status] {
+    request->directory.path = *path;
+    status = run(*request, *asJson);
+  });
+}
+
+}  // namespace keyscout

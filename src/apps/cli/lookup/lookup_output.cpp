@@ -1,0 +1,38 @@
+#include "apps/cli/lookup/lookup_output.h"
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+
+#include "platform/utf8.h"
+
+namespace keyscout {
+namespace {
+
+// Catalog files are written in an 8-bit code page, all of whose characters are one column wide.
+std::size_t widthOf(const std::string& text) { return fromUtf8(text).size(); }
+
+}  // namespace
+
+void writeText(std::ostream& out, const LookupAnswer& answer) {
+  std::size_t width = 0;
+  for (const LookupEntry& entry : answer.entries) width = std::max(width, widthOf(entry.number));
+  for (const LookupEntry& entry : answer.entries) {
+    out << entry.number;
+    if (!entry.brand.empty())
+      out << std::string(width - widthOf(entry.number) + 2, ' ') << entry.brand;
+    out << '\n';
+  }
+}
+
+void writeJson(std::ostream& out, const LookupRequest& request, const LookupAnswer& answer) {
+  using Json = nlohmann::ordered_json;
+  Json entries = Json::array();
+  for (const LookupEntry& entry : answer.entries)
+    entries.push_back({{"number", entry.number}, {"brand", entry.brand}, {"index", entry.index}});
+  const Json object{{"text", request.text},
+                    {"entries", std::move(entries)},
+                    {"endOfCatalog", answer.endsCatalog}};
+  out << object.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
+}
+
+}  // namespace keyscout

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <ostream>
+
+#include "apps/cli/lookup/lookup.h"
+
+namespace keyscout {
+
+/// One entry a line: its number, then its brand in a column of its own.
+void writeText(std::ostream& out, const LookupAnswer& answer);
+/// One JSON object on one line.
+void writeJson(std::ostream& out, const LookupRequest& request, const LookupAnswer& answer);
+
+}  // namespace keyscout

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "apps/cli/try/screen.h"
+
+namespace keyscout {
+
+/// Where everything stands on a terminal of a given size. The form and the events share the left
+/// side, so that a drop-down list has room below its field; the state is on the right.
+struct Layout {
+  static constexpr int leastRows = 20;
+  static constexpr int leastColumns = 60;
+
+  Layout(int rows, int columns);
+
+  bool fits;
+  Rectangle title;
+  Rectangle form;
+  Rectangle events;
+  Rectangle state;
+  Rectangle keys;
+
+  // Inside the form.
+  Rectangle part;
+  Rectangle replaces;
+  Rectangle brand;
+  Rectangle authorized;
+  int labelColumn;
+  int labelWidth;
+
+  /// The drop-down list of a field with so many entries, its frame included.
+  Rectangle dropDown(const Rectangle& field, int entries) const;
+};
+
+}  // namespace keyscout

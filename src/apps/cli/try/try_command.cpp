@@ -1,0 +1,70 @@
+#include "apps/cli/try/try_command.h"
+
+#include <CLI/CLI.hpp>
+#include <filesystem>
+#include <iostream>
+#include <memory>
+
+#include "apps/cli/exit_status.h"
+#include "apps/cli/host/interruption.h"
+#include "apps/cli/native_files.h"
+#include "apps/cli/terminal.h"
+#include "apps/cli/try/try_host.h"
+
+namespace keyscout {
+namespace {
+
+/// The sample catalog, where it was installed or else where it was built; empty where it is
+/// neither.
+std::filesystem::path sampleCatalog() {
+  for (const std::filesystem::path path :
+       {KEYSCOUT_INSTALLED_SAMPLE_CATALOG, KEYSCOUT_SAMPLE_CATALOG}) {
+    std::error_code missing;
+    if (std::filesystem::exists(path / "catcontrol.txt", missing)) return path;
+  }
+  return {};
+}
+
+int refuse(const std::string& sentence) {
+  std::cerr << "keyscout try: " << sentence << '\n';
+  return ExitStatus::unusable;
+}
+
+int run(DataDirectory directory) try {
+  if (!isTerminal(StandardStream::input) || !isTerminal(StandardStream::output))
+    return refuse("needs a terminal; without one, keyscout lookup DIR TEXT prints a list.");
+  if (directory.path.empty()) directory.path = sampleCatalog();
+  if (directory.path.empty())
+    return refuse("the sample catalog is missing (" KEYSCOUT_INSTALLED_SAMPLE_CATALOG
+                  "); name a data directory: keyscout try DIR");
+  NativeFiles files;
+  TryHost{files, directory}.run();
+  return ExitStatus::success;
+} catch (const Interruption&) {
+  throw;
+} catch (const std::exception& failure) {
+  return refuse(failure.what());
+}
+
+}  // namespace
+
+void addTryCommand(CLI::App& app, int& status) {
+  CLI::App* const command =
+      app.add_subcommand("try", "Try lookups in a form on the terminal, on any catalog");
+  const auto directory = std::make_shared<DataDirectory>();
+  const auto path = std::make_shared<std::string>();
+  command->add_option("DIR", *path, "The catalog's data directory; the sample where none is named");
+  command->add_option("--index", directory->indexFile, "The index file's name")
+      ->capture_default_str();
+  command->add_option("--download", directory->downloadFile,
+                      "The download file's name; found by its header where not given");
+  command->footer(
+      "F1 shows the keys. The directory is never written to.\n\n"
+      "Example:\n  keyscout try /var/lib/catalog");
+  command->callback([=, &status] {
+    directory->path = *path;
+    status = run(*directory);
+  });
+}
+
+}  // namespace keyscout

@@ -1,0 +1,251 @@
+#include "apps/cli/try/try_host.h"
+
+#include <stdexcept>
+
+#include "apps/cli/host/interruption.h"
+#include "apps/cli/pack/pack_catalog.h"
+#include "apps/cli/try/dialog.h"
+#include "apps/cli/try/text_columns.h"
+#include "platform/utf8.h"
+#include "shared/keyscout_module.h"
+
+namespace keyscout {
+namespace {
+
+namespace HostKeys {
+constexpr int help = 1;
+constexpr int damage = 2;
+constexpr int lock = 3;
+constexpr int unlock = 4;
+constexpr int update = 5;
+constexpr int quit = 10;
+}  // namespace HostKeys
+
+CatalogHost& started(CatalogHost& catalog, const DataDirectory& directory) {
+  catalog.start(directory);
+  return catalog;
+}
+
+/// The lines of a message, which come with line ends of either kind.
+std::vector<std::wstring> linesOf(StringView text) {
+  std::vector<std::wstring> lines;
+  for (std::size_t end = 0; end != text.npos;) {
+    end = text.find(u'\n');
+    StringView line = text.substr(0, end);
+    if (line.ends_with(u'\r')) line.remove_suffix(1);
+    lines.push_back(toWide(line));
+    text.remove_prefix(end == text.npos ? 0 : end + 1);
+  }
+  return lines;
+}
+
+}  // namespace
+
+struct TryHost::Stage {
+  Screen screen;
+  FormView view;
+
+  explicit Stage(TryForm& form) : view(screen, form) {}
+};
+
+TryHost::TryHost(Files& files, DataDirectory directory)
+    : directory_(withDownloadFound(std::move(directory))),
+      givenPath_(shownPath(directory_.path)),
+      title_(givenPath_),
+      damaged_(files),
+      metered_(damaged_),
+      catalog_(metered_, *this),
+      form_(started(catalog_, directory_), log_, [this] { updateIsWanted_ = true; }) {}
+
+TryHost::~TryHost() = default;
+
+void TryHost::run() {
+  Interruption::watch();
+  stage_ = std::make_unique<Stage>(form_);
+  // However this ends, the terminal is given back before anybody writes to it.
+  const struct TerminalGuard {
+    std::unique_ptr<Stage>& stage;
+    ~TerminalGuard() { stage.reset(); }
+  } guard{stage_};
+  for (;;) {
+    draw();
+    stage_->screen.show();
+    Input input;
+    do input = stage_->screen.read();
+    while (input.kind == Input::Kind::nothing);
+    if (!answer(input)) return;
+    if (std::exchange(updateIsWanted_, false)) update();
+  }
+}
+
+void TryHost::draw() {
+  Screen& screen = stage_->screen;
+  const Layout layout{screen.rows(), screen.columns()};
+  screen.clear();
+  if (!layout.fits) {
+    screen.text(0, 0, screen.columns(), L"Keyscout needs 60 columns and 20 rows.", Style::plain);
+    return;
+  }
+  drawTitle(screen, layout.title, title_);
+  stage_->view.drawForm(layout);
+  drawEvents(screen, layout.events, log_);
+  drawState(screen, layout.state, form_, cost_);
+  drawKeys(screen, layout.keys);
+  stage_->view.drawList(layout);
+}
+
+/// False when the person wants to leave.
+bool TryHost::answer(const Input& input) {
+  const Layout layout{stage_->screen.rows(), stage_->screen.columns()};
+  switch (input.kind) {
+    case Input::Kind::key: feed([&] { form_.press(input); }); break;
+    case Input::Kind::host: return answerHostKey(input.hostKey);
+    case Input::Kind::wheelUp:
+    case Input::Kind::wheelDown: {
+      if (!form_.openField()) break;
+      Input key;
+      key.keyCode = input.kind == Input::Kind::wheelUp ? KeyCodes::up : KeyCodes::down;
+      feed([&] { form_.press(key); });
+      break;
+    }
+    case Input::Kind::press:
+    case Input::Kind::release: feed([&] { press(input); }); break;
+    case Input::Kind::nothing:
+    case Input::Kind::resize: break;
+  }
+  return true;
+}
+
+/// A press chooses what it hits; the text boxes also get to know of the button's release.
+void TryHost::press(const Input& input) {
+  const Layout layout{stage_->screen.rows(), stage_->screen.columns()};
+  const bool isPress = input.kind == Input::Kind::press;
+  if (const auto entry = stage_->view.entryAt(layout, input.row, input.column)) {
+    if (isPress) form_.clickEntry(*entry);
+    return;
+  }
+  const std::pair<Rectangle, TryForm::Stop> boxes[] = {{layout.part, TryForm::Stop::part},
+                                                       {layout.replaces, TryForm::Stop::replaces},
+                                                       {layout.brand, TryForm::Stop::brand}};
+  for (const auto& [box, stop] : boxes) {
+    if (!box.contains(input.row, input.column)) continue;
+    if (isPress) form_.moveFocus(stop);
+    if (form_.focus() != stop) return;
+    form_.mouse(isPress ? MouseReport::down : MouseReport::up);
+    if (!isPress) form_.mouse(MouseReport::click);
+    return;
+  }
+  if (const auto choice = stage_->view.choiceAt(layout, input.row, input.column);
+      choice && isPress) {
+    form_.moveFocus(TryForm::Stop::authorized);
+    form_.toggleChoice(*choice);
+  }
+}
+
+/// Runs what a person does to the form and takes the time where a lookup came of it.
+void TryHost::feed(const std::function<void()>& input) {
+  metered_.reset();
+  answering_ = {};
+  const auto begin = std::chrono::steady_clock::now();
+  input();
+  const auto time = std::chrono::steady_clock::now() - begin - answering_;
+  if (metered_.reading().files == 0) return;
+  cost_ = {metered_.reading(), std::chrono::duration_cast<std::chrono::microseconds>(time)};
+}
+
+bool TryHost::answerHostKey(int key) {
+  switch (key) {
+    case HostKeys::help: showHelp(); break;
+    case HostKeys::damage: damageTable(); break;
+    case HostKeys::lock: form_.part().control().lockKeyscout(); break;
+    case HostKeys::unlock: unlock(); break;
+    case HostKeys::update: updateIsWanted_ = true; break;
+    case HostKeys::quit: return false;
+    default: break;
+  }
+  return true;
+}
+
+MessageBoxButton TryHost::show(StringView text, std::int32_t /*style*/, StringView title) {
+  const auto begin = std::chrono::steady_clock::now();
+  Dialog dialog{stage_->screen, [this] { draw(); }, toWide(title), linesOf(text)};
+  const bool isYes = dialog.choose({L"Yes", L"No"}) == 0;
+  answering_ += std::chrono::steady_clock::now() - begin;
+  return isYes ? MessageBoxButton::yes : MessageBoxButton::no;
+}
+
+void TryHost::tell(const std::wstring& title, const std::string& text) {
+  Dialog{stage_->screen, [this] { draw(); }, title, linesOf(fromUtf8(text))}.choose({L"OK"});
+}
+
+void TryHost::showHelp() {
+  tell(L"Help",
+       "Type into Part or Replaces; the list opens below.\n"
+       "Down     into the list; on the last entry: more\n"
+       "Up       in the list; on the first entry: back\n"
+       "Enter    accept the entry; so does a click\n"
+       "Esc      close the list; so does Alt+Up\n"
+       "Tab      the next field\n"
+       "Space    choose an authorized brand; none is all\n"
+       "\n"
+       "F2 makes the list's table unreadable, so the next\n"
+       "lookup in it fails. F5, or Yes to the question\n"
+       "then, packs the catalog anew and unlocks. The\n"
+       "directory itself is never written to.");
+}
+
+void TryHost::damageTable() {
+  const keyscoutModule& module = keyscoutModule::ofThisThread();
+  const LookupField* const field = form_.focusedField();
+  const std::int16_t table = field ? field->control().lookupFields().currentTableIndex : 0;
+  const String name{module.getTableNumber(std::max<std::int16_t>(table, 0))};
+  damaged_.damage(module.KeyscoutDirectory + name + u".txt");
+  log_.add("host", "damaged", toUtf8(name) + ".txt");
+}
+
+void TryHost::unlock() {
+  try {
+    const bool isUnlocked = static_cast<bool>(catalog_.controller().tryToUnlock());
+    catalog_.controller().resetLastTableNumber();
+    if (!isUnlocked) tell(L"Unlock", "The catalog cannot be loaded: " + catalog_.takeFailure());
+    log_.add("host", "tryToUnlock", isUnlocked ? "true" : "false");
+  } catch (const Error& refusal) {
+    tell(L"Unlock", refusal.what());
+  }
+}
+
+/// Packs the download that came with the catalog into a directory of its own and goes on there.
+void TryHost::update() {
+  try {
+    auto folder = std::make_unique<TemporaryFolder>("keyscout-try");
+    Dialog dialog{stage_->screen, [this] { draw(); }, L"Update", {L"The catalog is packed anew."}};
+    PackOptions options;
+    options.download = directory_.path / directory_.downloadFile;
+    options.directory = folder->path();
+    options.indexName = directory_.indexFile;
+    auto nextDraw = std::chrono::steady_clock::now();
+    packCatalog(options, [&](std::string_view, std::uint64_t done, std::uint64_t total) {
+      Interruption::check();
+      const auto now = std::chrono::steady_clock::now();
+      if (now < nextDraw) return;
+      constexpr std::chrono::milliseconds drawInterval{50};
+      nextDraw = now + drawInterval;
+      dialog.showProgress(static_cast<double>(done) /
+                          static_cast<double>(std::max<std::uint64_t>(total, 1)));
+    });
+    directory_.path = folder->path();
+    updated_ = std::move(folder);
+  } catch (const std::exception& failure) {
+    Interruption::check();
+    tell(L"Update", std::string{"The update failed: "} + failure.what());
+    return;
+  }
+  damaged_.repair();
+  catalog_.configure(directory_);
+  title_ = "packed anew from " + givenPath_;
+  log_.add("host", "updated");
+  unlock();
+  form_.readBrands();
+}
+
+}  // namespace keyscout

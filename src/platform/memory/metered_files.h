@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+
+#include "platform/files.h"
+
+namespace keyscout {
+
+/// Files that count what is read through them.
+class MeteredFiles final : public Files {
+ public:
+  struct Reading {
+    std::uint64_t files = 0;  // that were opened
+    std::uint64_t bytes = 0;
+  };
+
+  /// `files` must outlive this and every file opened here.
+  explicit MeteredFiles(Files& files) : files_(files) {}
+
+  std::unique_ptr<SequentialFile> open(StringView path) override;
+  bool exists(StringView path) override { return files_.exists(path); }
+  std::chrono::sys_seconds lastModified(StringView path) override {
+    return files_.lastModified(path);
+  }
+
+  const Reading& reading() const { return reading_; }
+  void reset() { reading_ = {}; }
+
+ private:
+  Files& files_;
+  Reading reading_;
+};
+
+}  // namespace keyscout
