@@ -1,6 +1,5 @@
 #include "ratio_table.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <stdexcept>
 
@@ -10,16 +9,9 @@ void MedianReporter::ReportRuns(const std::vector<Run>& runs) {
   ConsoleReporter::ReportRuns(runs);
   for (const Run& run : runs) {
     if (run.error_occurred) throw std::runtime_error{run.error_message};
-    if (run.run_type == Run::RT_Iteration)
-      times_[run.run_name.function_name].push_back(run.GetAdjustedRealTime());
+    if (run.run_type == Run::RT_Aggregate && run.aggregate_name == "median")
+      medians_[run.run_name.function_name] = run.GetAdjustedRealTime();
   }
-}
-
-double MedianReporter::median(const std::string& name) const {
-  auto times = times_.at(name);
-  const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
-  std::ranges::nth_element(times, middle);
-  return *middle;
 }
 
 void printRatios(const MedianReporter& reporter, const std::vector<CatalogFigures>& catalogs) {

@@ -67,6 +67,7 @@ TEST(Text, ComesThroughUtf8AndBack) {
   for (const StringView text :
        {StringView{u"plain"}, StringView{u"\u00E9\u20AC\uFFFD"}, StringView{u"\U0001F600"}})
     EXPECT_EQ(fromUtf8(toUtf8(text)), text);
+  EXPECT_EQ(toUtf8(u"a" + String{char16_t{0xD83D}} + u"b"), "a\xEF\xBF\xBD" "b");
   // What is no UTF-8 is replaced byte by byte and never read past.
   for (const std::string_view bytes :
        {"\xC3", "\xE2\x82", "\xC0\xAF", "\xF5\x80\x80\x80", "\xED\xA0"})

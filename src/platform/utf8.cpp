@@ -58,6 +58,8 @@ std::string toUtf8(StringView text) {
     std::uint32_t point = text[i];
     if (isHighSurrogate(text[i]) && i + 1 < text.size() && isLowSurrogate(text[i + 1]))
       point = 0x10000 + ((point - 0xD800) << 10) + (text[++i] - 0xDC00U);
+    else if (isHighSurrogate(text[i]) || isLowSurrogate(text[i]))
+      point = 0xFFFD;
     append(out, point);
   }
   return out;

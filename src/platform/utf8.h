@@ -7,7 +7,7 @@
 
 namespace keyscout {
 
-/// UTF-16 to UTF-8. A surrogate without its partner is encoded on its own, so nothing is lost.
+/// UTF-16 to UTF-8. A surrogate without its partner becomes U+FFFD.
 std::string toUtf8(StringView text);
 
 /// UTF-8 to UTF-16. Bytes that are no UTF-8 become U+FFFD, one each.

@@ -1,6 +1,7 @@
 #include "apps/cli/play/json_values.h"
 
 #include <charconv>
+#include <cmath>
 #include <limits>
 
 #include "apps/cli/play/malformed.h"
@@ -77,7 +78,10 @@ std::int16_t toInt16(const Json& json) {
 
 float toFloat(const Json& json) {
   if (!json.is_number()) throw Malformed("a number is expected, not " + json.dump());
-  return json.get<float>();
+  const auto number = json.get<double>();
+  if (std::abs(number) > std::numeric_limits<float>::max())
+    throw platformFailure(PlatformError::overflow, u"play");
+  return static_cast<float>(number);
 }
 
 Boolean toBoolean(const Json& json) {
