@@ -79,6 +79,22 @@ void Win32Surface::moveTo(const RECT& at) {
   SetWindowPos(window_, nullptr, at.left, at.top, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+void Win32Surface::resize(SIZE pixels) {
+  SetWindowPos(window_, nullptr, 0, 0, pixels.cx, pixels.cy,
+               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void Win32Surface::clipTo(const RECT& at, const RECT& clip) {
+  RECT visible{};
+  IntersectRect(&visible, &at, &clip);
+  if (EqualRect(&visible, &at)) {
+    SetWindowRgn(window_, nullptr, TRUE);
+    return;
+  }
+  OffsetRect(&visible, -at.left, -at.top);
+  SetWindowRgn(window_, CreateRectRgnIndirect(&visible), TRUE);  // the window owns the region
+}
+
 void Win32Surface::park() {
   if (!window_) return;
   ShowWindow(window_, SW_HIDE);
@@ -94,6 +110,11 @@ SIZE Win32Surface::size() const {
 void Win32Surface::takeFocus() {
   const HWND edit = textBox_.window();
   SetFocus(edit && IsWindowEnabled(edit) ? edit : window_);
+}
+
+bool Win32Surface::hasFocus() const {
+  const HWND focused = GetFocus();
+  return focused && (focused == window_ || IsChild(window_, focused));
 }
 
 void Win32Surface::setBaseFont(const LOGFONTW* font) {

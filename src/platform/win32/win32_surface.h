@@ -52,6 +52,9 @@ class Win32Surface final : public ControlSurface, public BusyCount, private Focu
   /// Shows the surface on `parent`, whose pixels `at` is in. False where that cannot be.
   bool placeOn(HWND parent, const RECT& at);
   void moveTo(const RECT& at);
+  void resize(SIZE pixels);
+  /// Shows only what lies in `clip`; both in the pixels of the window that the surface is on.
+  void clipTo(const RECT& at, const RECT& clip);
   /// Back out of sight.
   void park();
   /// The pixels that the surface takes up, on a window or not.
@@ -59,6 +62,7 @@ class Win32Surface final : public ControlSurface, public BusyCount, private Focu
   int dpi() const { return dpi_; }
   /// Gives the focus to the text box, or to the surface while the text box is disabled.
   void takeFocus();
+  bool hasFocus() const;
 
   /// null for the message font of Windows.
   void setBaseFont(const LOGFONTW* font);
