@@ -83,9 +83,10 @@ void Win32List::takeFont() {
   send(WM_SETFONT, std::bit_cast<WPARAM>(surface_.font()), TRUE);
   // The part that the text box hides is as high as the text box, so the list begins below it.
   constexpr WPARAM selectionField = static_cast<WPARAM>(-1);
-  const LRESULT fieldHeight = send(CB_GETITEMHEIGHT, selectionField);
-  const int border = heightOf(rectangleOf(window())) - static_cast<int>(fieldHeight);
-  send(CB_SETITEMHEIGHT, selectionField, std::max(1, surface_.textHeight() - border));
+  fitDropDown();
+  const auto fieldHeight = static_cast<int>(send(CB_GETITEMHEIGHT, selectionField));
+  const int excess = heightOf(rectangleOf(window())) - surface_.textHeight();
+  send(CB_SETITEMHEIGHT, selectionField, std::max(1, fieldHeight - excess));
   fitDropDown();
 }
 
