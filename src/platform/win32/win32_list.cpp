@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <utility>
 
 #include "platform/error.h"
 #include "platform/win32/input.h"
@@ -158,12 +159,14 @@ void Win32List::setFocus() { SetFocus(window()); }
 
 void Win32List::showDropDown(bool show) {
   const bool closes = !show && isDropped();
+  if (show && !isDropped()) GetCursorPos(&pointer_);
   {
     const ByCode guard{*this};
     SendMessageA(window(), showDropDownMessage, show ? 1 : 0, 0);
   }
   restoreSelection();
   if (show) {
+    choosing_ = false;
     fitDropDown();
     // The pointer was the text box's, and no message changes it while the list has the mouse.
     SetCursor(LoadCursorW(nullptr, IDC_ARROW));
@@ -208,10 +211,14 @@ void Win32List::onNotification(WORD code) {
   switch (code) {
     case CBN_SELENDOK: choosing_ = true; break;
     case CBN_SELENDCANCEL: choosing_ = false; break;
-    case CBN_SELCHANGE:
-      selected_ = static_cast<std::int16_t>(send(CB_GETCURSEL));
-      report([](DropDownListReports& to) { to.clicked(); });
+    case CBN_SELCHANGE: {
+      const auto now = static_cast<std::int16_t>(send(CB_GETCURSEL));
+      // A key that changes nothing is no click; a click on what is selected already is one.
+      const bool isClick = std::exchange(selected_, now) != now || choosing_;
+      choosing_ = false;
+      if (isClick) report([](DropDownListReports& to) { to.clicked(); });
       break;
+    }
     case CBN_CLOSEUP:
       if (closingByCode_ == 0 && !choosing_) surface_.listClosedByUser();
       break;
@@ -230,7 +237,7 @@ LRESULT Win32List::onEditMessage(Part& part, UINT message, WPARAM wParam, LPARAM
     case WM_SYSKEYDOWN: return onKeyDown(message, wParam, lParam);
     case WM_CHAR:
     case WM_SYSCHAR:
-      if (swallowCharacter_ || wParam == VK_RETURN || wParam == VK_ESCAPE) return 0;
+      if (swallowCharacter_) return 0;
       break;
     case WM_KEYUP:
     case WM_SYSKEYUP: {
@@ -265,15 +272,23 @@ LRESULT Win32List::onKeyDown(UINT message, WPARAM wParam, LPARAM lParam) {
   auto keyCode = static_cast<std::int16_t>(wParam);
   std::int16_t shift = modifierMask();
   report([&](DropDownListReports& to) { to.keyDown(keyCode, shift); });
-  swallowCharacter_ = keyCode == 0;
-  if (swallowCharacter_) return 0;
+  // What is left for the combo box to do with a key is to move its selection or to close. A key
+  // that took the focus elsewhere has done its work, and Enter only closes what it accepts from.
+  const bool isDone = keyCode == 0 || keyCode == KeyCodes::enter || GetFocus() != edit_.window();
+  swallowCharacter_ = isDone;
+  if (isDone) return 0;
   return edit_.original(message, static_cast<std::uint16_t>(keyCode), lParam);
 }
 
 LRESULT Win32List::onDropDownMessage(Part& part, UINT message, WPARAM wParam, LPARAM lParam) {
-  const LRESULT result = part.original(message, wParam, lParam);
-  if (message == WM_MOUSEMOVE) SetCursor(LoadCursorW(nullptr, IDC_ARROW));
-  return result;
+  if (message != WM_MOUSEMOVE) return part.original(message, wParam, lParam);
+  SetCursor(LoadCursorW(nullptr, IDC_ARROW));
+  // A list that opens below a pointer at rest is told of a move, too.
+  POINT pointer{};
+  GetCursorPos(&pointer);
+  const bool moved = pointer.x != pointer_.x || pointer.y != pointer_.y;
+  pointer_ = pointer;
+  return moved ? part.original(message, wParam, lParam) : 0;
 }
 
 }  // namespace keyscout

@@ -100,6 +100,7 @@ class Win32List final : public DropDownList {
   POINT at_{};
   int width_ = 0;
   std::int16_t selected_ = -1;
+  POINT pointer_{};  // where the mouse pointer was seen last
   int closingByCode_ = 0;
   bool choosing_ = false;
   bool redraws_ = true;
