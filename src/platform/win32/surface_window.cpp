@@ -103,7 +103,7 @@ void Win32Surface::onCommand(HWND from, WORD code) {
 void Win32Surface::onDestroy() {
   focusTracker().forget(*this);
   if (depth_ <= 1) return;
-  if (list_) retireList();
+  if (list_) list_->retire();  // the control still refers to it
   orphanedEdit_ = textBox_.window();
   ShowWindow(orphanedEdit_, SW_HIDE);
   SetParent(orphanedEdit_, HWND_MESSAGE);

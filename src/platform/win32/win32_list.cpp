@@ -85,9 +85,14 @@ void Win32List::takeFont() {
   // The part that the text box hides is as high as the text box, so the list begins below it.
   constexpr WPARAM selectionField = static_cast<WPARAM>(-1);
   fitDropDown();
-  const auto fieldHeight = static_cast<int>(send(CB_GETITEMHEIGHT, selectionField));
-  const int excess = heightOf(rectangleOf(window())) - surface_.textHeight();
-  send(CB_SETITEMHEIGHT, selectionField, std::max(1, fieldHeight - excess));
+  auto fieldHeight = static_cast<int>(send(CB_GETITEMHEIGHT, selectionField));
+  // What is set comes out a little larger on some systems: the second round corrects that.
+  for (int round = 0; round < 2; ++round) {
+    const int excess = heightOf(rectangleOf(window())) - surface_.textHeight();
+    if (excess == 0) break;
+    fieldHeight -= excess;
+    send(CB_SETITEMHEIGHT, selectionField, std::max(1, fieldHeight));
+  }
   fitDropDown();
 }
 
@@ -155,9 +160,12 @@ void Win32List::restoreSelection() {
   if (send(CB_GETCURSEL) != selected_) send(CB_SETCURSEL, static_cast<WPARAM>(selected_));
 }
 
-void Win32List::setFocus() { SetFocus(window()); }
+void Win32List::setFocus() {
+  if (reports_) SetFocus(window());
+}
 
 void Win32List::showDropDown(bool show) {
+  if (!reports_) return;  // out of sight for good
   const bool closes = !show && isDropped();
   if (show && !isDropped()) GetCursorPos(&pointer_);
   {

@@ -166,13 +166,9 @@ void Win32Surface::removeChild(StringView name) {
   if (!list_ || name != listName_)
     throw platformFailure(PlatformError::invalidArgument, u"ControlSurface");
   const Busy busy{*this};
-  retireList();
-  focusTracker().listRemoved(*this);
-}
-
-void Win32Surface::retireList() {
   retiredLists_.push_back(std::move(list_));
   retiredLists_.back()->retire();
+  focusTracker().listRemoved(*this);
 }
 
 void Win32Surface::setEnabled(Boolean enabled) {

@@ -121,7 +121,6 @@ class Win32Surface final : public ControlSurface, public BusyCount, private Focu
   void onDestroy();
   void eraseBackground(HDC target);
   void refreshFont();
-  void retireList();
 
   // FocusReports
   void textBoxGotFocus() noexcept override { textBox_.gotFocus(); }
