@@ -1,7 +1,8 @@
 #include "server/host_brands.h"
 
+#include <dispex.h>
+
 #include <atomic>
-#include <string>
 
 #include "platform/error.h"
 #include "server/com/values.h"
@@ -14,10 +15,14 @@ std::atomic<DWORD> endingThread{0};
 
 [[noreturn]] void mismatch() { throw platformFailure(PlatformError::typeMismatch, u"BrandList"); }
 
-DISPID memberNamed(IDispatch& object, const wchar_t* name) {
-  std::wstring writable = name;
-  LPOLESTR names = writable.data();
+/// Looked for the extended way first: objects of a script's own classes answer only to that on some
+/// systems.
+DISPID memberNamed(IDispatch& object, StringView name) {
   DISPID id = 0;
+  const Bstr text{name};
+  const auto extended = ComPtr<IDispatchEx>::from(&object);
+  if (extended && SUCCEEDED(extended->GetDispID(text.get(), fdexNameCaseInsensitive, &id))) return id;
+  LPOLESTR names = text.get();
   if (FAILED(object.GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &id))) mismatch();
   return id;
 }
@@ -33,8 +38,8 @@ bool read(IDispatch& object, DISPID id, VARIANT* argument, VARIANT& result) {
 }  // namespace
 
 HostBrandCollection::HostBrandCollection(ComPtr<IDispatch> object) : object_(std::move(object)) {
-  countId_ = memberNamed(*object_, L"Count");
-  itemId_ = memberNamed(*object_, L"Item");
+  countId_ = memberNamed(*object_, u"Count");
+  itemId_ = memberNamed(*object_, u"Item");
 }
 
 HostBrandCollection::~HostBrandCollection() {

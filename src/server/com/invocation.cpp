@@ -61,6 +61,12 @@ Invocation::Invocation(ITypeInfo& info, DISPID id, WORD flags, const DISPPARAMS&
 }
 
 HRESULT Invocation::run(void* object, VARIANT* result, EXCEPINFO* exception, UINT* wrongArgument) {
+  // A reference to nothing is refused here: not every system looks before it reads.
+  for (UINT place = 0; place < arguments_.size(); ++place) {
+    if (!(arguments_[place].vt & VT_BYREF) || arguments_[place].byref) continue;
+    if (wrongArgument) *wrongArgument = place;
+    return DISP_E_TYPEMISMATCH;
+  }
   Function function{info_, id_, flags_};
   // Hosts may set an object property without saying that it is an object.
   if (!function.description() && (flags_ & DISPATCH_PROPERTYPUT)) {
@@ -106,7 +112,6 @@ HRESULT Invocation::prepare(const FUNCDESC& function, UINT* wrongArgument) {
 
 HRESULT Invocation::substitute(VARIANT& argument, VARTYPE type) {
   const auto reference = static_cast<VARTYPE>(VT_BYREF | type);
-  if ((argument.vt & VT_BYREF) && !argument.byref) return DISP_E_TYPEMISMATCH;
   if (argument.vt == reference) return S_OK;
 
   Variable& variable = variables_.emplace_back();
