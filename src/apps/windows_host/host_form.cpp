@@ -1,19 +1,20 @@
 #include "apps/windows_host/host_form.h"
 
 #include <bit>
+#include <vector>
 
 #include "platform/win32/appearance.h"
 #include "platform/win32/instance.h"
+#include "platform/win32/system_code_page.h"
 #include "platform/win32/wide.h"
+#include "platform/win32/win32_files.h"
 #include "server/com/failures.h"
 
 namespace keyscout {
 namespace {
 
 constexpr wchar_t className[] = L"Keyscout.SampleHost";
-constexpr const wchar_t* brands[] = {L"(any)", L"ACME", L"BOLT", L"CORVUS"};
-
-enum Id : int { brandId = 100, lockId, unlockId, firstAuthorizationId };
+enum Id : int { brandId = 100, lockId, unlockId, authorizedId };
 
 constexpr const wchar_t* eventNames[] = {L"",        L"Change",    L"brandChanged", L"needBrand",
                                          L"KeyDown", L"MouseDown", L"MouseMove",    L"MouseUp",
@@ -21,6 +22,24 @@ constexpr const wchar_t* eventNames[] = {L"",        L"Change",    L"brandChange
 constexpr DISPID mouseMoveEvent = 6;
 constexpr DISPID needBrandEvent = 3;
 constexpr DISPID updateEvent = 11;
+
+/// The brands of the catalog, for the user to choose from.
+std::vector<std::wstring> brandsIn(const std::wstring& directory) {
+  constexpr std::size_t codeWidth = 50;
+  std::vector<std::wstring> brands;
+  try {
+    Win32Files files;
+    const auto file = files.open(fromWide(directory) + u"\\brandinfo.txt");
+    while (!file->atEnd()) {
+      const String line = systemCodePage().decode(file->readLine());
+      const StringView code = trimmed(columns(StringView{line}, 1, codeWidth));
+      if (!code.empty()) brands.push_back(toWide(code));
+    }
+  } catch (const Error&) {
+    // Start-up tells what is wrong with the catalog.
+  }
+  return brands;
+}
 
 std::wstring textOf(const VARIANT& argument) {
   OwnedVariant plain;
@@ -80,18 +99,17 @@ void HostForm::addControls() {
   add(L"STATIC", L"Replacement", 0, {16, 62, 200, 78});
   add(L"STATIC", L"Brand", 0, {280, 16, 400, 32});
   brand_ = add(L"COMBOBOX", L"", CBS_DROPDOWNLIST | WS_TABSTOP | WS_VSCROLL, {280, 34, 400, 200}, brandId);
-  for (const wchar_t* brand : brands)
-    SendMessageW(brand_, CB_ADDSTRING, 0, std::bit_cast<LPARAM>(brand));
-  SendMessageW(brand_, CB_SETCURSEL, 0, 0);
-  add(L"STATIC", L"The user may see", 0, {280, 66, 400, 82});
-  int id = firstAuthorizationId;
-  for (int i = 1; i < static_cast<int>(std::size(brands)); ++i) {
-    const LONG top = 64 + i * 20;
-    const HWND box = add(L"BUTTON", brands[i], BS_AUTOCHECKBOX | WS_TABSTOP, {280, top, 380, top + 18}, id++);
-    SendMessageW(box, BM_SETCHECK, BST_CHECKED, 0);
+  SendMessageW(brand_, CB_ADDSTRING, 0, std::bit_cast<LPARAM>(L"(any)"));
+  add(L"STATIC", L"The user may see (none: all)", 0, {280, 66, 504, 82});
+  authorized_ = add(L"LISTBOX", L"", WS_VSCROLL | WS_TABSTOP | LBS_MULTIPLESEL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
+                    {280, 84, 400, 196}, authorizedId);
+  for (const std::wstring& brand : brandsIn(directory_)) {
+    SendMessageW(brand_, CB_ADDSTRING, 0, std::bit_cast<LPARAM>(brand.c_str()));
+    SendMessageW(authorized_, LB_ADDSTRING, 0, std::bit_cast<LPARAM>(brand.c_str()));
   }
+  SendMessageW(brand_, CB_SETCURSEL, 0, 0);
   add(L"BUTTON", L"Lock", WS_TABSTOP, {420, 33, 504, 57}, lockId);
-  add(L"BUTTON", L"Try to unlock", WS_TABSTOP, {420, 63, 504, 87}, unlockId);
+  add(L"BUTTON", L"Try to unlock", WS_TABSTOP, {420, 84, 504, 108}, unlockId);
   log_ = add(L"LISTBOX", L"", WS_VSCROLL | LBS_NOINTEGRALHEIGHT, {16, 210, 504, 344});
 
   const RECT places[] = {{16, 34, 256, 56}, {16, 80, 256, 102}};
@@ -131,9 +149,14 @@ void HostForm::authorizeBrands() {
   require(CoCreateInstance(CLSID_BrandList, nullptr, CLSCTX_INPROC_SERVER, __uuidof(_BrandList), &created));
   const auto list = ComPtr<_BrandList>::adopt(static_cast<_BrandList*>(created));
   OwnedVariant noItem;
-  for (int i = 1; i < static_cast<int>(std::size(brands)); ++i)
-    if (IsDlgButtonChecked(window_, firstAuthorizationId + i - 1) == BST_CHECKED)
-      list->Add(Bstr{fromWide(brands[i])}.get(), noItem);
+  const LRESULT count = SendMessageW(authorized_, LB_GETCOUNT, 0, 0);
+  for (LRESULT i = 0; i < count; ++i) {
+    const auto entry = static_cast<WPARAM>(i);
+    if (SendMessageW(authorized_, LB_GETSEL, entry, 0) <= 0) continue;
+    std::wstring brand(static_cast<std::size_t>(SendMessageW(authorized_, LB_GETTEXTLEN, entry, 0)), L' ');
+    SendMessageW(authorized_, LB_GETTEXT, entry, std::bit_cast<LPARAM>(brand.data()));
+    list->Add(Bstr{fromWide(brand)}.get(), noItem);
+  }
   const auto control = sites_[0]->controlAs<_keyscoutControl>();
   IDispatch* given = list.get();
   const HRESULT result = control->setAuthorizedBrands(&given);
@@ -141,8 +164,10 @@ void HostForm::authorizeBrands() {
 }
 
 std::wstring HostForm::chosenBrand() const {
-  const LRESULT chosen = SendMessageW(brand_, CB_GETCURSEL, 0, 0);
-  return chosen > 0 ? brands[chosen] : L"";
+  if (SendMessageW(brand_, CB_GETCURSEL, 0, 0) <= 0) return {};
+  std::wstring brand(static_cast<std::size_t>(GetWindowTextLengthW(brand_)) + 1, L'\0');
+  brand.resize(static_cast<std::size_t>(GetWindowTextW(brand_, brand.data(), static_cast<int>(brand.size()))));
+  return brand;
 }
 
 void HostForm::onEvent(int control, DISPID event, DISPPARAMS& arguments) {
@@ -159,6 +184,7 @@ void HostForm::onEvent(int control, DISPID event, DISPPARAMS& arguments) {
 }
 
 void HostForm::onCommand(WORD id, WORD code) {
+  if (id == authorizedId && code == LBN_SELCHANGE) authorizeBrands();
   if (code != BN_CLICKED) return;
   if (id == lockId) {
     sites_[0]->controlAs<_keyscoutControl>()->lockKeyscout();
@@ -168,8 +194,6 @@ void HostForm::onCommand(WORD id, WORD code) {
     const HRESULT result = controller_->tryToUnlock(&unlocked);
     if (FAILED(result)) return logFailure(L"tryToUnlock", result);
     log(unlocked ? L"Lookups are unlocked." : L"Lookups stay locked.");
-  } else if (id >= firstAuthorizationId && id < firstAuthorizationId + 3) {
-    authorizeBrands();
   }
 }
 

@@ -42,6 +42,7 @@ class HostForm {
   std::wstring directory_;
   HWND window_ = nullptr;
   HWND brand_ = nullptr;
+  HWND authorized_ = nullptr;
   HWND log_ = nullptr;
   HFONT font_ = nullptr;
   ComPtr<_RWKeyscoutController> controller_;
