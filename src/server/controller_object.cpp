@@ -40,7 +40,8 @@ HRESULT ControllerObject::run(Check check, VARIANT_BOOL* result) {
 HRESULT ControllerObject::putref_authorizedBrands(IDispatch* value) {
   return member([&] {
     const ComPtr<IDispatch> object{value};
-    controller_.setAuthorizedBrands(object ? std::make_shared<HostBrandCollection>(object) : nullptr);
+    controller_.setAuthorizedBrands(object ? std::make_shared<HostBrandCollection>(object)
+                                           : nullptr);
   });
 }
 
@@ -133,9 +134,7 @@ HRESULT ControllerObject::initialize(VARIANT* result) {
 HRESULT ControllerObject::checkDownloadVersion(VARIANT_BOOL* result) {
   return run(&Controller::checkDownloadVersion, result);
 }
-HRESULT ControllerObject::init(VARIANT_BOOL* result) {
-  return run(&Controller::init, result);
-}
+HRESULT ControllerObject::init(VARIANT_BOOL* result) { return run(&Controller::init, result); }
 HRESULT ControllerObject::tryToUnlock(VARIANT_BOOL* result) {
   return run(&Controller::tryToUnlock, result);
 }

@@ -46,9 +46,9 @@ class ControllerObject final : public Automation<ControllerObject, _RWKeyscoutCo
   HRESULT STDMETHODCALLTYPE resetLastTableNumber(VARIANT_BOOL* result) override;
   HRESULT STDMETHODCALLTYPE checkCatalogControlFile(VARIANT_BOOL* result) override;
   HRESULT STDMETHODCALLTYPE needToUpdate(short days) override;
-  HRESULT STDMETHODCALLTYPE authenticateRequiredProperties(
-      BSTR strKeyscoutDirectory, BSTR strKeyscoutIndexFile,
-      BSTR strCatalogNumbersDownloadFile) override;
+  HRESULT STDMETHODCALLTYPE
+  authenticateRequiredProperties(BSTR strKeyscoutDirectory, BSTR strKeyscoutIndexFile,
+                                 BSTR strCatalogNumbersDownloadFile) override;
 
  private:
   using Flag = Boolean (RWKeyscoutController::*)() const;

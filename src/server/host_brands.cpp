@@ -21,7 +21,8 @@ DISPID memberNamed(IDispatch& object, StringView name) {
   DISPID id = 0;
   const Bstr text{name};
   const auto extended = ComPtr<IDispatchEx>::from(&object);
-  if (extended && SUCCEEDED(extended->GetDispID(text.get(), fdexNameCaseInsensitive, &id))) return id;
+  if (extended && SUCCEEDED(extended->GetDispID(text.get(), fdexNameCaseInsensitive, &id)))
+    return id;
   LPOLESTR names = text.get();
   if (FAILED(object.GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &id))) mismatch();
   return id;

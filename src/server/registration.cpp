@@ -15,7 +15,8 @@
 // The tool chain's headers lack these two.
 extern "C" {
 HRESULT WINAPI RegisterTypeLibForUser(ITypeLib* library, OLECHAR* path, OLECHAR* helpFolder);
-HRESULT WINAPI UnRegisterTypeLibForUser(REFGUID id, WORD major, WORD minor, LCID locale, SYSKIND kind);
+HRESULT WINAPI UnRegisterTypeLibForUser(REFGUID id, WORD major, WORD minor, LCID locale,
+                                        SYSKIND kind);
 }
 
 namespace keyscout {
@@ -26,13 +27,14 @@ constexpr int toolboxPicture = 101;
 
 struct RegisteredClass {
   const CLSID& id;
-  const wchar_t* name;   // the programmatic identifier without its version
+  const wchar_t* name;  // the programmatic identifier without its version
   const wchar_t* title;
   bool isControl;
 };
 
 const RegisteredClass registeredClasses[] = {
-    {CLSID_RWKeyscoutController, L"Keyscout.RWKeyscoutController", L"Keyscout catalog controller", false},
+    {CLSID_RWKeyscoutController, L"Keyscout.RWKeyscoutController", L"Keyscout catalog controller",
+     false},
     {CLSID_keyscoutControl, L"Keyscout.keyscoutControl", L"Keyscout catalog number lookup", true},
     {CLSID_BrandList, L"Keyscout.BrandList", L"Keyscout list of brands", false},
     {CLSID_BrandItem, L"Keyscout.BrandItem", L"Keyscout brand", false},
@@ -92,12 +94,13 @@ std::vector<RegistryValue> valuesOf(const RegisteredClass& served) {
 
 void write(HKEY root, const RegistryValue& value) {
   HKEY key = nullptr;
-  const LSTATUS opened =
-      RegCreateKeyExW(root, (classesPath + value.key).c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &key, nullptr);
+  const LSTATUS opened = RegCreateKeyExW(root, (classesPath + value.key).c_str(), 0, nullptr, 0,
+                                         KEY_WRITE, nullptr, &key, nullptr);
   if (opened != ERROR_SUCCESS) throw ComFailure{HRESULT_FROM_WIN32(static_cast<DWORD>(opened))};
   const auto bytes = static_cast<DWORD>((value.text.size() + 1) * sizeof(wchar_t));
-  const LSTATUS written = RegSetValueExW(key, value.name.empty() ? nullptr : value.name.c_str(), 0, REG_SZ,
-                                         std::bit_cast<const BYTE*>(value.text.c_str()), bytes);
+  const LSTATUS written =
+      RegSetValueExW(key, value.name.empty() ? nullptr : value.name.c_str(), 0, REG_SZ,
+                     std::bit_cast<const BYTE*>(value.text.c_str()), bytes);
   RegCloseKey(key);
   if (written != ERROR_SUCCESS) throw ComFailure{HRESULT_FROM_WIN32(static_cast<DWORD>(written))};
 }

@@ -13,14 +13,17 @@ TEST(AtlContainer, HostsTheControl) {
   const HMODULE atl = LoadLibraryW(L"atl.dll");
   ASSERT_TRUE(atl);
   const auto initialize = std::bit_cast<BOOL(WINAPI*)()>(GetProcAddress(atl, "AtlAxWinInit"));
-  const auto controlOf = std::bit_cast<HRESULT(WINAPI*)(HWND, IUnknown**)>(GetProcAddress(atl, "AtlAxGetControl"));
-  const auto advise = std::bit_cast<HRESULT(WINAPI*)(IUnknown*, IUnknown*, REFIID, DWORD*)>(GetProcAddress(atl, "AtlAdvise"));
+  const auto controlOf =
+      std::bit_cast<HRESULT(WINAPI*)(HWND, IUnknown**)>(GetProcAddress(atl, "AtlAxGetControl"));
+  const auto advise = std::bit_cast<HRESULT(WINAPI*)(IUnknown*, IUnknown*, REFIID, DWORD*)>(
+      GetProcAddress(atl, "AtlAdvise"));
   ASSERT_TRUE(initialize && controlOf && advise);
   ASSERT_TRUE(initialize());
 
   TestForm form;
-  const HWND window = CreateWindowExW(0, L"AtlAxWin", L"Keyscout.keyscoutControl", WS_CHILD | WS_VISIBLE, 20, 100, 180,
-                                      24, form.window(), nullptr, nullptr, nullptr);
+  const HWND window =
+      CreateWindowExW(0, L"AtlAxWin", L"Keyscout.keyscoutControl", WS_CHILD | WS_VISIBLE, 20, 100,
+                      180, 24, form.window(), nullptr, nullptr, nullptr);
   ASSERT_TRUE(window);
   ComPtr<IUnknown> object;
   ASSERT_EQ(controlOf(window, object.put()), S_OK);

@@ -43,8 +43,8 @@ TEST(Container, TextOutlivesDeactivation) {
   form.type("zz");
   form.site().controlAs<IOleInPlaceObject>()->InPlaceDeactivate();
   EXPECT_EQ(form.text(), "zz");
-  EXPECT_EQ(form.site().controlAs<IOleObject>()->DoVerb(OLEIVERB_UIACTIVATE, nullptr, &form.site(), 0,
-                                                        form.window(), nullptr),
+  EXPECT_EQ(form.site().controlAs<IOleObject>()->DoVerb(OLEIVERB_UIACTIVATE, nullptr, &form.site(),
+                                                        0, form.window(), nullptr),
             S_OK);
   EXPECT_EQ(GetFocus(), form.edit());
   EXPECT_EQ(form.text(), "zz");
@@ -59,9 +59,10 @@ TEST(Container, KeysThatTheControlNeedsAreItsOwn) {
     bool open;
     bool used;
   };
-  for (const Case& with : {Case{VK_DOWN, false, true}, Case{VK_NEXT, false, true}, Case{VK_TAB, false, false},
-                           Case{VK_RETURN, false, false}, Case{VK_ESCAPE, false, false},
-                           Case{VK_TAB, true, false}, Case{VK_RETURN, true, true}, Case{VK_ESCAPE, true, true}}) {
+  for (const Case& with :
+       {Case{VK_DOWN, false, true}, Case{VK_NEXT, false, true}, Case{VK_TAB, false, false},
+        Case{VK_RETURN, false, false}, Case{VK_ESCAPE, false, false}, Case{VK_TAB, true, false},
+        Case{VK_RETURN, true, true}, Case{VK_ESCAPE, true, true}}) {
     SCOPED_TRACE(with.key);
     if (with.open && !form.isOpen()) {
       form.control()->put_text(nullptr);
@@ -112,7 +113,9 @@ TEST(Container, AmbientPropertiesAreTakenOn) {
   description.cySize.int64 = 200000;
   VARIANT font{};
   font.vt = VT_DISPATCH;
-  ASSERT_EQ(OleCreateFontIndirect(&description, IID_IDispatch, std::bit_cast<void**>(&font.pdispVal)), S_OK);
+  ASSERT_EQ(
+      OleCreateFontIndirect(&description, IID_IDispatch, std::bit_cast<void**>(&font.pdispVal)),
+      S_OK);
   form.site().ambients[DISPID_AMBIENT_FONT] = font;
   form.site().controlAs<IOleControl>()->OnAmbientPropertyChange(DISPID_AMBIENT_FONT);
   LOGFONTW used{};
@@ -160,8 +163,11 @@ TEST(Container, SavesAndLoadsNothing) {
   EXPECT_TRUE(form.site().controlAs<IPersistStorage>());
   EXPECT_TRUE(form.site().controlAs<IPersistPropertyBag>());
   ComPtr<IUnknown> safety;
-  constexpr GUID objectSafety{0xCB5BDC81, 0x93C1, 0x11CF, {0x8F, 0x20, 0x00, 0x80, 0x5F, 0x2C, 0xD0, 0x64}};
-  EXPECT_EQ(form.site().control()->QueryInterface(objectSafety, std::bit_cast<void**>(safety.put())), E_NOINTERFACE);
+  constexpr GUID objectSafety{
+      0xCB5BDC81, 0x93C1, 0x11CF, {0x8F, 0x20, 0x00, 0x80, 0x5F, 0x2C, 0xD0, 0x64}};
+  EXPECT_EQ(
+      form.site().control()->QueryInterface(objectSafety, std::bit_cast<void**>(safety.put())),
+      E_NOINTERFACE);
 }
 
 TEST(Container, DrawsItselfOnAnyTarget) {
@@ -174,7 +180,9 @@ TEST(Container, DrawsItselfOnAnyTarget) {
   ReleaseDC(nullptr, screen);
   const HGDIOBJ before = SelectObject(memory, bitmap);
   const RECTL bounds{0, 0, 400, 48};
-  EXPECT_EQ(view->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, memory, &bounds, nullptr, nullptr, 0), S_OK);
+  EXPECT_EQ(view->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, memory, &bounds, nullptr,
+                       nullptr, 0),
+            S_OK);
   bool hasText = false;
   for (int x = 4; x < 200; ++x)
     for (int y = 4; y < 40; ++y) hasText |= GetPixel(memory, x, y) == GetSysColor(COLOR_WINDOWTEXT);

@@ -26,9 +26,8 @@ TEST(Input, TypingOpensTheListBelowTheTextBox) {
   TestForm form;
   form.enter();
   form.type("ab");
-  EXPECT_EQ(form.takeEvents(),
-            (Events{"KeyDown 65 0", "needBrand", "Change", "KeyUp 65 0", "KeyDown 66 0", "needBrand", "Change",
-                    "KeyUp 66 0"}));
+  EXPECT_EQ(form.takeEvents(), (Events{"KeyDown 65 0", "needBrand", "Change", "KeyUp 65 0",
+                                       "KeyDown 66 0", "needBrand", "Change", "KeyUp 66 0"}));
   ASSERT_TRUE(form.isOpen());
   EXPECT_EQ(form.entries().size(), 9u);
   EXPECT_EQ(form.entries()[0], "AB-100");

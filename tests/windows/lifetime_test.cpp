@@ -139,20 +139,21 @@ TEST(Lifetime, AnotherApartmentHasItsOwnState) {
 
 TEST(Lifetime, ClassFactoriesLockTheLibrary) {
   ComPtr<IClassFactory> factory;
-  ASSERT_EQ(CoGetClassObject(CLSID_keyscoutControl, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory,
-                             std::bit_cast<void**>(factory.put())),
+  ASSERT_EQ(CoGetClassObject(CLSID_keyscoutControl, CLSCTX_INPROC_SERVER, nullptr,
+                             IID_IClassFactory, std::bit_cast<void**>(factory.put())),
             S_OK);
   factory->LockServer(TRUE);
   factory->LockServer(FALSE);
   ComPtr<IUnknown> object;
-  EXPECT_EQ(factory->CreateInstance(factory.get(), IID_IUnknown, std::bit_cast<void**>(object.put())),
-            CLASS_E_NOAGGREGATION);
+  EXPECT_EQ(
+      factory->CreateInstance(factory.get(), IID_IUnknown, std::bit_cast<void**>(object.put())),
+      CLASS_E_NOAGGREGATION);
   EXPECT_EQ(factory->CreateInstance(nullptr, IID_IUnknown, nullptr), E_POINTER);
   EXPECT_FALSE(canUnload());
   factory = nullptr;
   EXPECT_TRUE(canUnload());
-  EXPECT_EQ(CoGetClassObject(CLSID_RWKeyscoutCatalogData, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory,
-                             std::bit_cast<void**>(factory.put())),
+  EXPECT_EQ(CoGetClassObject(CLSID_RWKeyscoutCatalogData, CLSCTX_INPROC_SERVER, nullptr,
+                             IID_IClassFactory, std::bit_cast<void**>(factory.put())),
             REGDB_E_CLASSNOTREG);
 }
 

@@ -36,7 +36,8 @@ std::vector<std::string> slotsOf(ITypeInfo& info, bool withNumbers) {
                        : function->invkind == INVOKE_PROPERTYPUTREF ? "set "
                                                                     : "";
     char number[16] = "";
-    if (withNumbers) snprintf(number, sizeof number, " %08lX", static_cast<unsigned long>(function->memid));
+    if (withNumbers)
+      snprintf(number, sizeof number, " %08lX", static_cast<unsigned long>(function->memid));
     if (function->oVft >= 7 * static_cast<int>(sizeof(void*)))
       bySlot[function->oVft] = kind + nameOf(info, function->memid) + number;
     info.ReleaseFuncDesc(function);
@@ -49,27 +50,57 @@ std::vector<std::string> slotsOf(ITypeInfo& info, bool withNumbers) {
 TEST(TypeLibrary, ControlMembersAndTheirNumbers) {
   const auto control = create<_keyscoutControl>(CLSID_keyscoutControl);
   const std::vector<std::string> expected = {
-      "get text 6803000A", "put text 6803000A", "hideList 6003000C", "setAuthorizedBrands 60030013",
-      "lockKeyscout 60030014", "doit 60030024", "get selStart 68030009", "put selStart 68030009",
-      "get selLength 68030008", "put selLength 68030008", "get Enabled 68030007", "put Enabled 68030007",
-      "get ForeColor 68030006", "put ForeColor 68030006", "get BackColor 68030005", "put BackColor 68030005",
-      "get FontBold 68030004", "put FontBold 68030004", "get TheToolTipText 68030003", "put TheToolTipText 68030003",
-      "get isListShowing 68030002", "get Locked 68030001", "put Locked 68030001", "get brand 68030000",
+      "get text 6803000A",           "put text 6803000A",
+      "hideList 6003000C",           "setAuthorizedBrands 60030013",
+      "lockKeyscout 60030014",       "doit 60030024",
+      "get selStart 68030009",       "put selStart 68030009",
+      "get selLength 68030008",      "put selLength 68030008",
+      "get Enabled 68030007",        "put Enabled 68030007",
+      "get ForeColor 68030006",      "put ForeColor 68030006",
+      "get BackColor 68030005",      "put BackColor 68030005",
+      "get FontBold 68030004",       "put FontBold 68030004",
+      "get TheToolTipText 68030003", "put TheToolTipText 68030003",
+      "get isListShowing 68030002",  "get Locked 68030001",
+      "put Locked 68030001",         "get brand 68030000",
       "put brand 68030000"};
   EXPECT_EQ(slotsOf(*typeOf(*control), true), expected);
 }
 
 TEST(TypeLibrary, ControllerMembersInTheirOrder) {
   const auto controller = create<_RWKeyscoutController>(CLSID_RWKeyscoutController);
-  const std::vector<std::string> expected = {
-      "set authorizedBrands", "get authorizedBrands", "get hasdataIntegrity", "put hasdataIntegrity",
-      "get isInitialized", "put isInitialized", "get KeyscoutDirectory", "put KeyscoutDirectory",
-      "get KeyscoutIndexFile", "put KeyscoutIndexFile", "get CatalogNumbersDownloadFile",
-      "put CatalogNumbersDownloadFile", "get updateURL", "put updateURL", "get updateURLFile", "put updateURLFile",
-      "get updaterExe", "put updaterExe", "get KeyscoutInitialized", "get isKeyscoutAuthenticated",
-      "put isKeyscoutAuthenticated", "get KeyscoutEnabled", "put KeyscoutEnabled", "get KeyscoutLocked",
-      "put KeyscoutLocked", "initialize", "checkDownloadVersion", "init", "tryToUnlock", "resetLastTableNumber",
-      "checkCatalogControlFile", "needToUpdate", "authenticateRequiredProperties"};
+  const std::vector<std::string> expected = {"set authorizedBrands",
+                                             "get authorizedBrands",
+                                             "get hasdataIntegrity",
+                                             "put hasdataIntegrity",
+                                             "get isInitialized",
+                                             "put isInitialized",
+                                             "get KeyscoutDirectory",
+                                             "put KeyscoutDirectory",
+                                             "get KeyscoutIndexFile",
+                                             "put KeyscoutIndexFile",
+                                             "get CatalogNumbersDownloadFile",
+                                             "put CatalogNumbersDownloadFile",
+                                             "get updateURL",
+                                             "put updateURL",
+                                             "get updateURLFile",
+                                             "put updateURLFile",
+                                             "get updaterExe",
+                                             "put updaterExe",
+                                             "get KeyscoutInitialized",
+                                             "get isKeyscoutAuthenticated",
+                                             "put isKeyscoutAuthenticated",
+                                             "get KeyscoutEnabled",
+                                             "put KeyscoutEnabled",
+                                             "get KeyscoutLocked",
+                                             "put KeyscoutLocked",
+                                             "initialize",
+                                             "checkDownloadVersion",
+                                             "init",
+                                             "tryToUnlock",
+                                             "resetLastTableNumber",
+                                             "checkCatalogControlFile",
+                                             "needToUpdate",
+                                             "authenticateRequiredProperties"};
   EXPECT_EQ(slotsOf(*typeOf(*controller), false), expected);
 }
 
@@ -81,8 +112,9 @@ TEST(TypeLibrary, EventsRecordsAndErrorNumbers) {
 
   ComPtr<ITypeInfo> events;
   ASSERT_EQ(library->GetTypeInfoOfGuid(DIID___keyscoutControl, events.put()), S_OK);
-  const char* names[] = {"Change", "brandChanged", "needBrand", "KeyDown", "MouseDown", "MouseMove",
-                         "MouseUp", "Click", "DblClick", "KeyUp", "UpdateKeyscout"};
+  const char* names[] = {"Change",    "brandChanged", "needBrand",     "KeyDown",
+                         "MouseDown", "MouseMove",    "MouseUp",       "Click",
+                         "DblClick",  "KeyUp",        "UpdateKeyscout"};
   for (int i = 0; i < 11; ++i) EXPECT_EQ(nameOf(*events, i + 1), names[i]);
 
   ComPtr<ITypeInfo> record;
@@ -142,11 +174,13 @@ int callAll(IDispatch& object, const VARIANT& argument) {
     DISPID put = DISPID_PROPERTYPUT;
     const bool isPut = kind & (INVOKE_PROPERTYPUT | INVOKE_PROPERTYPUTREF);
     const bool hasResult = kind & (INVOKE_PROPERTYGET);
-    DISPPARAMS parameters{arguments.data(), isPut ? &put : nullptr, hasResult ? 0 : count, isPut ? 1u : 0u};
+    DISPPARAMS parameters{arguments.data(), isPut ? &put : nullptr, hasResult ? 0 : count,
+                          isPut ? 1u : 0u};
     OwnedVariant result;
     EXCEPINFO exception{};
     UINT wrong = 0;
-    succeeded += SUCCEEDED(object.Invoke(id, IID_NULL, LOCALE_NEUTRAL, kind, &parameters, &result, &exception, &wrong));
+    succeeded += SUCCEEDED(object.Invoke(id, IID_NULL, LOCALE_NEUTRAL, kind, &parameters, &result,
+                                         &exception, &wrong));
     SysFreeString(exception.bstrDescription);
     SysFreeString(exception.bstrSource);
     SysFreeString(exception.bstrHelpFile);
@@ -159,15 +193,17 @@ TEST(Members, WrongTypesNeverCrash) {
     VARTYPE type;
     LONGLONG value;
   };
-  const CLSID* classes[] = {&CLSID_RWKeyscoutController, &CLSID_keyscoutControl, &CLSID_BrandList, &CLSID_BrandItem};
+  const CLSID* classes[] = {&CLSID_RWKeyscoutController, &CLSID_keyscoutControl, &CLSID_BrandList,
+                            &CLSID_BrandItem};
   for (const CLSID* id : classes) {
     const auto object = create<IDispatch>(*id);
     ASSERT_TRUE(object);
     int succeeded = 0;
-    for (const Case& with : {Case{VT_EMPTY, 0}, Case{VT_NULL, 0}, Case{VT_I4, -1}, Case{VT_R8, -1}, Case{VT_BOOL, 5},
-                             Case{VT_DISPATCH, 0}, Case{VT_UNKNOWN, 0}, Case{VT_ERROR, DISP_E_PARAMNOTFOUND},
-                             Case{VT_BSTR, 0}, Case{VT_BYREF | VT_BSTR, 0}, Case{VT_BYREF | VT_VARIANT, 0},
-                             Case{VT_BYREF | VT_I2, 0}, Case{VT_BYREF | VT_DISPATCH, 0}}) {
+    for (const Case& with :
+         {Case{VT_EMPTY, 0}, Case{VT_NULL, 0}, Case{VT_I4, -1}, Case{VT_R8, -1}, Case{VT_BOOL, 5},
+          Case{VT_DISPATCH, 0}, Case{VT_UNKNOWN, 0}, Case{VT_ERROR, DISP_E_PARAMNOTFOUND},
+          Case{VT_BSTR, 0}, Case{VT_BYREF | VT_BSTR, 0}, Case{VT_BYREF | VT_VARIANT, 0},
+          Case{VT_BYREF | VT_I2, 0}, Case{VT_BYREF | VT_DISPATCH, 0}}) {
       VARIANT argument{};
       argument.vt = with.type;
       argument.llVal = with.value;
@@ -194,7 +230,9 @@ TEST(Members, NullPointersAreRefused) {
   EXPECT_EQ(control->get_brand(nullptr), E_POINTER);
   EXPECT_EQ(control->put_brand(nullptr), E_POINTER);
   EXPECT_EQ(control->QueryInterface(IID_IUnknown, nullptr), E_POINTER);
-  EXPECT_EQ(control->Invoke(0x6803000A, IID_NULL, 0, DISPATCH_PROPERTYGET, nullptr, nullptr, nullptr, nullptr), E_POINTER);
+  EXPECT_EQ(control->Invoke(0x6803000A, IID_NULL, 0, DISPATCH_PROPERTYGET, nullptr, nullptr,
+                            nullptr, nullptr),
+            E_POINTER);
   EXPECT_EQ(control->GetTypeInfo(0, 0, nullptr), E_POINTER);
 
   const auto controller = create<_RWKeyscoutController>(CLSID_RWKeyscoutController);

@@ -19,7 +19,8 @@ class ScriptHost final : public Object<IActiveScriptSite> {
   std::string failure;
 
   HRESULT STDMETHODCALLTYPE GetLCID(LCID*) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE GetItemInfo(LPCOLESTR name, DWORD mask, IUnknown** item, ITypeInfo** info) override {
+  HRESULT STDMETHODCALLTYPE GetItemInfo(LPCOLESTR name, DWORD mask, IUnknown** item,
+                                        ITypeInfo** info) override {
     const auto& object = std::wstring_view{name} == L"ctl" ? control : controller;
     if (mask & SCRIPTINFO_IUNKNOWN) *item = ComPtr<IUnknown>{object.get()}.detach();
     if (mask & SCRIPTINFO_ITYPEINFO)
@@ -27,7 +28,9 @@ class ScriptHost final : public Object<IActiveScriptSite> {
     return S_OK;
   }
   HRESULT STDMETHODCALLTYPE GetDocVersionString(BSTR*) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE OnScriptTerminate(const VARIANT*, const EXCEPINFO*) override { return S_OK; }
+  HRESULT STDMETHODCALLTYPE OnScriptTerminate(const VARIANT*, const EXCEPINFO*) override {
+    return S_OK;
+  }
   HRESULT STDMETHODCALLTYPE OnStateChange(SCRIPTSTATE) override { return S_OK; }
   HRESULT STDMETHODCALLTYPE OnScriptError(IActiveScriptError* error) override {
     EXCEPINFO info{};
@@ -60,7 +63,9 @@ class Script {
     const std::wstring wide(code, code + strlen(code));
     parser->ParseScriptText(wide.c_str(), nullptr, nullptr, nullptr, 0, 0, 0, nullptr, nullptr);
     engine_->SetScriptState(SCRIPTSTATE_CONNECTED);
-    form.onEvent = [this](const std::string& name, DISPPARAMS& arguments) { handle(name, arguments); };
+    form.onEvent = [this](const std::string& name, DISPPARAMS& arguments) {
+      handle(name, arguments);
+    };
   }
   ~Script() { engine_->Close(); }
 
@@ -75,7 +80,8 @@ class Script {
     DISPPARAMS none{};
     OwnedVariant value;
     if (FAILED(globals->GetIDsOfNames(IID_NULL, &names, 1, 0, &id)) ||
-        FAILED(globals->Invoke(id, IID_NULL, 0, DISPATCH_PROPERTYGET, &none, &value, nullptr, nullptr)))
+        FAILED(globals->Invoke(id, IID_NULL, 0, DISPATCH_PROPERTYGET, &none, &value, nullptr,
+                               nullptr)))
       return "no result";
     OwnedVariant text;
     VariantChangeType(&text, &value, 0, VT_BSTR);
@@ -123,20 +129,31 @@ struct Refusal {
 
 TEST(Scripts, EachRefusalOfInit) {
   for (const Refusal& with : {
-           Refusal{"no index file name", [](TestForm& form) { form.controller().put_KeyscoutIndexFile(Bstr{u""}.address()); },
-                   "-2147218504|RWKeyscoutController|"},
-           Refusal{"an old format", [](TestForm& form) { form.folder().write(L"catalog.txt", "0000000001\r\n"); },
-                   "-2147218503|RWKeyscoutController|The format of the catalog number download has changed."},
-           Refusal{"another version", [](TestForm& form) { form.folder().write(L"catalog.txt", "x\r\n"); },
-                   "-2147218502|RWKeyscoutController|The version of the catalog numbers downloaded is not consistant "
+           Refusal{
+               "no index file name",
+               [](TestForm& form) { form.controller().put_KeyscoutIndexFile(Bstr{u""}.address()); },
+               "-2147218504|RWKeyscoutController|"},
+           Refusal{"an old format",
+                   [](TestForm& form) { form.folder().write(L"catalog.txt", "0000000001\r\n"); },
+                   "-2147218503|RWKeyscoutController|The format of the catalog number download has "
+                   "changed."},
+           Refusal{"another version",
+                   [](TestForm& form) { form.folder().write(L"catalog.txt", "x\r\n"); },
+                   "-2147218502|RWKeyscoutController|The version of the catalog numbers downloaded "
+                   "is not consistant "
                    "with\r\nthe current version of Tessaly."},
-           Refusal{"no download", [](TestForm& form) { form.folder().remove(L"catalog.txt"); },
-                   "-2147218504|RWKeyscoutController|The catalog number download file does not exist."},
-           Refusal{"in process", [](TestForm& form) { form.folder().write(L"catcontrol.txt", "INPROCESS\r\n"); },
-                   "-2147218501|RWKeyscoutController|Keyscout will be enabled as soon as the catalog number download "
+           Refusal{
+               "no download", [](TestForm& form) { form.folder().remove(L"catalog.txt"); },
+               "-2147218504|RWKeyscoutController|The catalog number download file does not exist."},
+           Refusal{"in process",
+                   [](TestForm& form) { form.folder().write(L"catcontrol.txt", "INPROCESS\r\n"); },
+                   "-2147218501|RWKeyscoutController|Keyscout will be enabled as soon as the "
+                   "catalog number download "
                    "has been completed."},
-           Refusal{"corrupt", [](TestForm& form) { form.folder().write(L"catcontrol.txt", "CORRUPT\r\n"); },
-                   "-2147218500|RWKeyscoutController|Keyscout will not be available because the latest download "
+           Refusal{"corrupt",
+                   [](TestForm& form) { form.folder().write(L"catcontrol.txt", "CORRUPT\r\n"); },
+                   "-2147218500|RWKeyscoutController|Keyscout will not be available because the "
+                   "latest download "
                    "contains invalid data."},
        }) {
     SCOPED_TRACE(with.name);
@@ -156,15 +173,16 @@ TEST(Scripts, EachRefusalOfInit) {
 
 TEST(Scripts, EventsWithWriteBack) {
   TestForm form;
-  Script script{form,
-                "Dim result\n"
-                "Sub ctl_needBrand()\n  ctl.brand = \"BOLT\"\nEnd Sub\n"
-                "Sub ctl_KeyDown(KeyCode, Shift)\n"
-                "  result = result & \"K\" & KeyCode & \" \"\n"
-                "  If KeyCode = 90 Then KeyCode = 0\n"
-                "End Sub\n"
-                "Sub ctl_Change()\n  result = result & \"C \"\nEnd Sub\n"
-                "Sub ctl_brandChanged(strBrand)\n  result = result & \"B\" & strBrand & \" \"\nEnd Sub\n"};
+  Script script{
+      form,
+      "Dim result\n"
+      "Sub ctl_needBrand()\n  ctl.brand = \"BOLT\"\nEnd Sub\n"
+      "Sub ctl_KeyDown(KeyCode, Shift)\n"
+      "  result = result & \"K\" & KeyCode & \" \"\n"
+      "  If KeyCode = 90 Then KeyCode = 0\n"
+      "End Sub\n"
+      "Sub ctl_Change()\n  result = result & \"C \"\nEnd Sub\n"
+      "Sub ctl_brandChanged(strBrand)\n  result = result & \"B\" & strBrand & \" \"\nEnd Sub\n"};
   form.enter();
   form.type("azb");
   EXPECT_EQ(form.text(), "ab");
@@ -182,13 +200,19 @@ TEST(Scripts, BrandListsAndOtherCollections) {
     const char* expected;
   };
   for (const Case& with : {
-           Case{"Set list = CreateObject(\"Keyscout.BrandList\")\nlist.Add \"bolt\"\nctl.setAuthorizedBrands list\n"
+           Case{"Set list = CreateObject(\"Keyscout.BrandList\")\nlist.Add "
+                "\"bolt\"\nctl.setAuthorizedBrands list\n"
                 "result = host.authorizedBrands.Count\n",
                 "1"},
-           Case{"ctl.setAuthorizedBrands Nothing\nresult = CStr(host.authorizedBrands Is Nothing)\n", "True"},
-           Case{"Class Empty_\nEnd Class\nOn Error Resume Next\nctl.setAuthorizedBrands New Empty_\nresult = Err.Number\n", "13"},
+           Case{
+               "ctl.setAuthorizedBrands Nothing\nresult = CStr(host.authorizedBrands Is Nothing)\n",
+               "True"},
+           Case{"Class Empty_\nEnd Class\nOn Error Resume Next\nctl.setAuthorizedBrands New "
+                "Empty_\nresult = Err.Number\n",
+                "13"},
            Case{"On Error Resume Next\nctl.setAuthorizedBrands \"x\"\nresult = Err.Number\n", "13"},
-           Case{"Class Mine\nPublic Property Get Count\nCount = 3\nEnd Property\nPublic Function Item(key)\n"
+           Case{"Class Mine\nPublic Property Get Count\nCount = 3\nEnd Property\nPublic Function "
+                "Item(key)\n"
                 "Set Item = Me\nEnd Function\nEnd Class\nctl.setAuthorizedBrands New Mine\n"
                 "result = host.authorizedBrands.Count\n",
                 "3"},
@@ -203,13 +227,15 @@ TEST(Scripts, BrandListsAndOtherCollections) {
 TEST(Scripts, OnlyAuthorizedBrandsAreListed) {
   TestForm form;
   Script script{form,
-                "Set list = CreateObject(\"Keyscout.BrandList\")\nlist.Add \"bolt\"\nlist.Add \"ACME\", \"a text\"\n"
+                "Set list = CreateObject(\"Keyscout.BrandList\")\nlist.Add \"bolt\"\nlist.Add "
+                "\"ACME\", \"a text\"\n"
                 "ctl.setAuthorizedBrands list\nresult = list.Count\n"};
   ASSERT_EQ(script.result(), "2");
   form.enter();
   form.type("ab");
   ASSERT_EQ(form.entries().size(), 9u);
-  for (std::size_t i = 0; i < 9; ++i) EXPECT_EQ(form.entries()[i], "AB-" + std::to_string(101 + 2 * i));
+  for (std::size_t i = 0; i < 9; ++i)
+    EXPECT_EQ(form.entries()[i], "AB-" + std::to_string(101 + 2 * i));
 }
 
 }  // namespace

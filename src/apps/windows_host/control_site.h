@@ -16,8 +16,8 @@ namespace keyscout {
 
 /// A place for one OLE control on a window, whose owner must call `close` before the window goes.
 /// Tells the control the ambient properties it is given here, and passes keys on.
-class ControlSite final : public Object<IOleClientSite, IOleInPlaceSite, IOleControlSite,
-                                        IOleInPlaceFrame, IDispatch> {
+class ControlSite final
+    : public Object<IOleClientSite, IOleInPlaceSite, IOleControlSite, IOleInPlaceFrame, IDispatch> {
  public:
   explicit ControlSite(HWND parent) : parent_(parent) {}
 
@@ -59,9 +59,9 @@ class ControlSite final : public Object<IOleClientSite, IOleInPlaceSite, IOleCon
   HRESULT STDMETHODCALLTYPE CanInPlaceActivate() override { return noted("CanInPlaceActivate"); }
   HRESULT STDMETHODCALLTYPE OnInPlaceActivate() override { return noted("OnInPlaceActivate"); }
   HRESULT STDMETHODCALLTYPE OnUIActivate() override { return noted("OnUIActivate"); }
-  HRESULT STDMETHODCALLTYPE GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document,
-                                             LPRECT position, LPRECT clip,
-                                             LPOLEINPLACEFRAMEINFO info) override;
+  HRESULT STDMETHODCALLTYPE GetWindowContext(IOleInPlaceFrame** frame,
+                                             IOleInPlaceUIWindow** document, LPRECT position,
+                                             LPRECT clip, LPOLEINPLACEFRAMEINFO info) override;
   HRESULT STDMETHODCALLTYPE Scroll(SIZE) override { return S_FALSE; }
   HRESULT STDMETHODCALLTYPE OnUIDeactivate(BOOL) override { return noted("OnUIDeactivate"); }
   HRESULT STDMETHODCALLTYPE OnInPlaceDeactivate() override { return noted("OnInPlaceDeactivate"); }
@@ -70,17 +70,23 @@ class ControlSite final : public Object<IOleClientSite, IOleInPlaceSite, IOleCon
   HRESULT STDMETHODCALLTYPE OnPosRectChange(LPCRECT) override { return noted("OnPosRectChange"); }
 
   // IOleControlSite
-  HRESULT STDMETHODCALLTYPE OnControlInfoChanged() override { return noted("OnControlInfoChanged"); }
+  HRESULT STDMETHODCALLTYPE OnControlInfoChanged() override {
+    return noted("OnControlInfoChanged");
+  }
   HRESULT STDMETHODCALLTYPE LockInPlaceActive(BOOL) override { return S_OK; }
   HRESULT STDMETHODCALLTYPE GetExtendedControl(IDispatch**) override { return E_NOTIMPL; }
   HRESULT STDMETHODCALLTYPE TransformCoords(POINTL*, POINTF*, DWORD) override { return E_NOTIMPL; }
   HRESULT STDMETHODCALLTYPE TranslateAccelerator(MSG*, DWORD) override;
-  HRESULT STDMETHODCALLTYPE OnFocus(BOOL got) override { return noted(got ? "OnFocus" : "OnFocusLost"); }
+  HRESULT STDMETHODCALLTYPE OnFocus(BOOL got) override {
+    return noted(got ? "OnFocus" : "OnFocusLost");
+  }
   HRESULT STDMETHODCALLTYPE ShowPropertyFrame() override { return E_NOTIMPL; }
 
   // IOleInPlaceFrame
   HRESULT STDMETHODCALLTYPE GetBorder(LPRECT) override { return INPLACE_E_NOTOOLSPACE; }
-  HRESULT STDMETHODCALLTYPE RequestBorderSpace(LPCBORDERWIDTHS) override { return INPLACE_E_NOTOOLSPACE; }
+  HRESULT STDMETHODCALLTYPE RequestBorderSpace(LPCBORDERWIDTHS) override {
+    return INPLACE_E_NOTOOLSPACE;
+  }
   HRESULT STDMETHODCALLTYPE SetBorderSpace(LPCBORDERWIDTHS) override { return S_OK; }
   HRESULT STDMETHODCALLTYPE SetActiveObject(IOleInPlaceActiveObject* object, LPCOLESTR) override;
   HRESULT STDMETHODCALLTYPE InsertMenus(HMENU, LPOLEMENUGROUPWIDTHS) override { return S_OK; }

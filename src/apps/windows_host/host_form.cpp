@@ -16,9 +16,9 @@ namespace {
 constexpr wchar_t className[] = L"Keyscout.SampleHost";
 enum Id : int { brandId = 100, lockId, unlockId, authorizedId };
 
-constexpr const wchar_t* eventNames[] = {L"",        L"Change",    L"brandChanged", L"needBrand",
-                                         L"KeyDown", L"MouseDown", L"MouseMove",    L"MouseUp",
-                                         L"Click",   L"DblClick",  L"KeyUp",        L"UpdateKeyscout"};
+constexpr const wchar_t* eventNames[] = {
+    L"",          L"Change",  L"brandChanged", L"needBrand", L"KeyDown", L"MouseDown",
+    L"MouseMove", L"MouseUp", L"Click",        L"DblClick",  L"KeyUp",   L"UpdateKeyscout"};
 constexpr DISPID mouseMoveEvent = 6;
 constexpr DISPID needBrandEvent = 3;
 constexpr DISPID updateEvent = 11;
@@ -44,9 +44,8 @@ std::vector<std::wstring> brandsIn(const std::wstring& directory) {
 std::wstring textOf(const VARIANT& argument) {
   OwnedVariant plain;
   OwnedVariant text;
-  const bool shown =
-      SUCCEEDED(VariantCopyInd(&plain, const_cast<VARIANT*>(&argument))) &&
-      SUCCEEDED(VariantChangeType(&text, &plain, 0, VT_BSTR));
+  const bool shown = SUCCEEDED(VariantCopyInd(&plain, const_cast<VARIANT*>(&argument))) &&
+                     SUCCEEDED(VariantChangeType(&text, &plain, 0, VT_BSTR));
   return shown ? toWide(viewOf(text.bstrVal)) : L"?";
 }
 
@@ -61,9 +60,10 @@ HostForm::HostForm(std::wstring directory) : directory_(std::move(directory)) {
   description.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
   description.lpszClassName = className;
   RegisterClassExW(&description);
-  window_ = CreateWindowExW(WS_EX_CONTROLPARENT, className, L"Keyscout sample host",
-                            WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN,
-                            CW_USEDEFAULT, CW_USEDEFAULT, 0, 0, nullptr, nullptr, thisInstance(), this);
+  window_ =
+      CreateWindowExW(WS_EX_CONTROLPARENT, className, L"Keyscout sample host",
+                      WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN,
+                      CW_USEDEFAULT, CW_USEDEFAULT, 0, 0, nullptr, nullptr, thisInstance(), this);
   if (!window_) throw ComFailure{E_OUTOFMEMORY};
   const LOGFONTW font = messageFont(dpiOf(window_));
   font_ = CreateFontIndirectW(&font);
@@ -86,10 +86,11 @@ HostForm::~HostForm() {
 int HostForm::scaled(int pixels) const { return keyscout::scaled(pixels, dpiOf(window_)); }
 
 HWND HostForm::add(const wchar_t* kind, const wchar_t* text, DWORD style, RECT at, int id) {
-  const HWND made = CreateWindowExW(
-      wcscmp(kind, L"LISTBOX") == 0 ? WS_EX_CLIENTEDGE : 0, kind, text, WS_CHILD | WS_VISIBLE | style,
-      scaled(at.left), scaled(at.top), scaled(at.right - at.left), scaled(at.bottom - at.top), window_,
-      std::bit_cast<HMENU>(static_cast<INT_PTR>(id)), thisInstance(), nullptr);
+  const HWND made =
+      CreateWindowExW(wcscmp(kind, L"LISTBOX") == 0 ? WS_EX_CLIENTEDGE : 0, kind, text,
+                      WS_CHILD | WS_VISIBLE | style, scaled(at.left), scaled(at.top),
+                      scaled(at.right - at.left), scaled(at.bottom - at.top), window_,
+                      std::bit_cast<HMENU>(static_cast<INT_PTR>(id)), thisInstance(), nullptr);
   SendMessageW(made, WM_SETFONT, std::bit_cast<WPARAM>(font_), TRUE);
   return made;
 }
@@ -98,10 +99,12 @@ void HostForm::addControls() {
   add(L"STATIC", L"Catalog number", 0, {16, 16, 200, 32});
   add(L"STATIC", L"Replacement", 0, {16, 62, 200, 78});
   add(L"STATIC", L"Brand", 0, {280, 16, 400, 32});
-  brand_ = add(L"COMBOBOX", L"", CBS_DROPDOWNLIST | WS_TABSTOP | WS_VSCROLL, {280, 34, 400, 200}, brandId);
+  brand_ = add(L"COMBOBOX", L"", CBS_DROPDOWNLIST | WS_TABSTOP | WS_VSCROLL, {280, 34, 400, 200},
+               brandId);
   SendMessageW(brand_, CB_ADDSTRING, 0, std::bit_cast<LPARAM>(L"(any)"));
   add(L"STATIC", L"The user may see (none: all)", 0, {280, 66, 504, 82});
-  authorized_ = add(L"LISTBOX", L"", WS_VSCROLL | WS_TABSTOP | LBS_MULTIPLESEL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
+  authorized_ = add(L"LISTBOX", L"",
+                    WS_VSCROLL | WS_TABSTOP | LBS_MULTIPLESEL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
                     {280, 84, 400, 196}, authorizedId);
   for (const std::wstring& brand : brandsIn(directory_)) {
     SendMessageW(brand_, CB_ADDSTRING, 0, std::bit_cast<LPARAM>(brand.c_str()));
@@ -146,14 +149,16 @@ void HostForm::startUp() {
 
 void HostForm::authorizeBrands() {
   void* created = nullptr;
-  require(CoCreateInstance(CLSID_BrandList, nullptr, CLSCTX_INPROC_SERVER, __uuidof(_BrandList), &created));
+  require(CoCreateInstance(CLSID_BrandList, nullptr, CLSCTX_INPROC_SERVER, __uuidof(_BrandList),
+                           &created));
   const auto list = ComPtr<_BrandList>::adopt(static_cast<_BrandList*>(created));
   OwnedVariant noItem;
   const LRESULT count = SendMessageW(authorized_, LB_GETCOUNT, 0, 0);
   for (LRESULT i = 0; i < count; ++i) {
     const auto entry = static_cast<WPARAM>(i);
     if (SendMessageW(authorized_, LB_GETSEL, entry, 0) <= 0) continue;
-    std::wstring brand(static_cast<std::size_t>(SendMessageW(authorized_, LB_GETTEXTLEN, entry, 0)), L' ');
+    std::wstring brand(static_cast<std::size_t>(SendMessageW(authorized_, LB_GETTEXTLEN, entry, 0)),
+                       L' ');
     SendMessageW(authorized_, LB_GETTEXT, entry, std::bit_cast<LPARAM>(brand.data()));
     list->Add(Bstr{fromWide(brand)}.get(), noItem);
   }
@@ -166,13 +171,15 @@ void HostForm::authorizeBrands() {
 std::wstring HostForm::chosenBrand() const {
   if (SendMessageW(brand_, CB_GETCURSEL, 0, 0) <= 0) return {};
   std::wstring brand(static_cast<std::size_t>(GetWindowTextLengthW(brand_)) + 1, L'\0');
-  brand.resize(static_cast<std::size_t>(GetWindowTextW(brand_, brand.data(), static_cast<int>(brand.size()))));
+  brand.resize(static_cast<std::size_t>(
+      GetWindowTextW(brand_, brand.data(), static_cast<int>(brand.size()))));
   return brand;
 }
 
 void HostForm::onEvent(int control, DISPID event, DISPPARAMS& arguments) {
   if (event == mouseMoveEvent || event < 1 || event > updateEvent) return;
-  std::wstring line = (control == 0 ? L"catalog number: " : L"replacement: ") + std::wstring{eventNames[event]};
+  std::wstring line =
+      (control == 0 ? L"catalog number: " : L"replacement: ") + std::wstring{eventNames[event]};
   for (UINT i = arguments.cArgs; i > 0; --i)
     line += (i == arguments.cArgs ? L" " : L", ") + textOf(arguments.rgvarg[i - 1]);
   log(line);
@@ -206,7 +213,8 @@ void HostForm::logFailure(const wchar_t* call, HRESULT result) {
   ComPtr<IErrorInfo> information;
   BSTR description = nullptr;
   if (GetErrorInfo(0, information.put()) == S_OK) information->GetDescription(&description);
-  log(std::wstring{call} + L" failed (" + std::to_wstring(result) + L"): " + toWide(viewOf(description)));
+  log(std::wstring{call} + L" failed (" + std::to_wstring(result) + L"): " +
+      toWide(viewOf(description)));
   SysFreeString(description);
 }
 

@@ -1,5 +1,5 @@
-// keyscout_host [DIRECTORY]: a form with two lookup controls on the catalog data in DIRECTORY, or in
-// the folder "sample" beside the program. keyscout.dll must be registered.
+// keyscout_host [DIRECTORY]: a form with two lookup controls on the catalog data in DIRECTORY, or
+// in the folder "sample" beside the program. keyscout.dll must be registered.
 
 #include <windows.h>
 

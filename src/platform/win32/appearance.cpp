@@ -55,7 +55,8 @@ int lineHeight(HFONT font) {
 
 COLORREF colorOf(LONG oleColor, COLORREF otherwise) {
   COLORREF color = otherwise;
-  const bool known = SUCCEEDED(OleTranslateColor(static_cast<OLE_COLOR>(oleColor), nullptr, &color));
+  const bool known =
+      SUCCEEDED(OleTranslateColor(static_cast<OLE_COLOR>(oleColor), nullptr, &color));
   return known ? color : otherwise;
 }
 

@@ -12,7 +12,8 @@ constexpr wchar_t propertyName[] = L"Keyscout.Subclass";
 void Subclass::attach(HWND window) {
   window_ = window;
   SetPropW(window, propertyName, this);
-  const LONG_PTR before = SetWindowLongPtrW(window, GWLP_WNDPROC, std::bit_cast<LONG_PTR>(&procedure));
+  const LONG_PTR before =
+      SetWindowLongPtrW(window, GWLP_WNDPROC, std::bit_cast<LONG_PTR>(&procedure));
   original_ = std::bit_cast<WNDPROC>(before);
 }
 

@@ -39,10 +39,10 @@ Win32List::Win32List(Win32Surface& surface, HWND parent, DropDownListReports& re
       edit_(*this, surface, &Win32List::onEditMessage),
       dropDown_(*this, surface, &Win32List::onDropDownMessage) {
   const DWORD direction = rightToLeft ? WS_EX_RTLREADING | WS_EX_RIGHT | WS_EX_LEFTSCROLLBAR : 0;
-  const HWND combo = CreateWindowExW(
-      direction, L"COMBOBOX", L"",
-      WS_CHILD | WS_CLIPSIBLINGS | WS_VSCROLL | CBS_DROPDOWN | CBS_AUTOHSCROLL | CBS_NOINTEGRALHEIGHT,
-      0, 0, 0, 0, parent, nullptr, thisInstance(), nullptr);
+  const HWND combo = CreateWindowExW(direction, L"COMBOBOX", L"",
+                                     WS_CHILD | WS_CLIPSIBLINGS | WS_VSCROLL | CBS_DROPDOWN |
+                                         CBS_AUTOHSCROLL | CBS_NOINTEGRALHEIGHT,
+                                     0, 0, 0, 0, parent, nullptr, thisInstance(), nullptr);
   if (!combo) throw platformFailure(PlatformError::outOfMemory, u"DropDownList");
   combo_.attach(combo);
   COMBOBOXINFO parts{};
@@ -114,9 +114,7 @@ void Win32List::setTabStop(Boolean tabStop) {
   SetWindowLongPtrW(window(), GWL_STYLE, tabStop ? style | WS_TABSTOP : style & ~WS_TABSTOP);
 }
 
-void Win32List::setVisible(Boolean visible) {
-  ShowWindow(window(), visible ? SW_SHOWNA : SW_HIDE);
-}
+void Win32List::setVisible(Boolean visible) { ShowWindow(window(), visible ? SW_SHOWNA : SW_HIDE); }
 
 std::int16_t Win32List::entryCount() const { return static_cast<std::int16_t>(send(CB_GETCOUNT)); }
 

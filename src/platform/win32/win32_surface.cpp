@@ -171,9 +171,7 @@ void Win32Surface::removeChild(StringView name) {
   focusTracker().listRemoved(*this);
 }
 
-void Win32Surface::setEnabled(Boolean enabled) {
-  EnableWindow(window_, enabled ? TRUE : FALSE);
-}
+void Win32Surface::setEnabled(Boolean enabled) { EnableWindow(window_, enabled ? TRUE : FALSE); }
 
 void Win32Surface::focusCame(FocusPlace place) {
   if (!form_->followsFocus()) return;

@@ -36,9 +36,10 @@ Win32TextBox::Win32TextBox(Win32Surface& surface) : Subclass(surface), surface_(
 
 void Win32TextBox::create(HWND parent, bool rightToLeft) {
   const DWORD direction = rightToLeft ? WS_EX_RTLREADING | WS_EX_RIGHT : 0;
-  const HWND edit = CreateWindowExW(WS_EX_CLIENTEDGE | direction, L"EDIT", L"",
-                                    WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP | ES_AUTOHSCROLL,
-                                    0, 0, 0, 0, parent, nullptr, thisInstance(), nullptr);
+  const HWND edit =
+      CreateWindowExW(WS_EX_CLIENTEDGE | direction, L"EDIT", L"",
+                      WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP | ES_AUTOHSCROLL, 0, 0,
+                      0, 0, parent, nullptr, thisInstance(), nullptr);
   if (!edit) throw platformFailure(PlatformError::outOfMemory, u"TextBox");
   SendMessageW(edit, EM_SETLIMITTEXT, 0, 0);
   attach(edit);
@@ -121,9 +122,7 @@ void Win32TextBox::setFocus() {
 
 Boolean Win32TextBox::enabled() const { return IsWindowEnabled(window()) != FALSE; }
 
-void Win32TextBox::setEnabled(Boolean enabled) {
-  EnableWindow(window(), enabled ? TRUE : FALSE);
-}
+void Win32TextBox::setEnabled(Boolean enabled) { EnableWindow(window(), enabled ? TRUE : FALSE); }
 
 Boolean Win32TextBox::readOnly() const {
   return (GetWindowLongPtrW(window(), GWL_STYLE) & ES_READONLY) != 0;
@@ -162,8 +161,8 @@ void Win32TextBox::setToolTipText(StringView text) {
     const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_WIN95_CLASSES};
     InitCommonControlsEx(&classes);
     toolTip_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP,
-                               CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
-                               window(), nullptr, thisInstance(), nullptr);
+                               CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, window(),
+                               nullptr, thisInstance(), nullptr);
     SendMessageW(toolTip_, TTM_ADDTOOLW, 0, std::bit_cast<LPARAM>(&tool));
   }
   SendMessageW(toolTip_, TTM_UPDATETIPTEXTW, 0, std::bit_cast<LPARAM>(&tool));

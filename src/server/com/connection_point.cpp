@@ -90,7 +90,8 @@ HRESULT ConnectionPoint::EnumConnections(IEnumConnections** result) {
 ComPtr<IEnumConnectionPoints> enumerate(const std::vector<IConnectionPoint*>& points) {
   std::vector<ComPtr<IConnectionPoint>> kept;
   for (IConnectionPoint* point : points) kept.emplace_back(point);
-  return ComPtr<IEnumConnectionPoints>::adopt(makeObject<PointEnumerator>(std::move(kept)).detach());
+  return ComPtr<IEnumConnectionPoints>::adopt(
+      makeObject<PointEnumerator>(std::move(kept)).detach());
 }
 
 }  // namespace keyscout

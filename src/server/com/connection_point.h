@@ -28,7 +28,8 @@ class ConnectionPoint final : public IConnectionPoint {
   ULONG STDMETHODCALLTYPE Release() override { return owner_.Release(); }
 
   HRESULT STDMETHODCALLTYPE GetConnectionInterface(IID* id) override;
-  HRESULT STDMETHODCALLTYPE GetConnectionPointContainer(IConnectionPointContainer** result) override;
+  HRESULT STDMETHODCALLTYPE
+  GetConnectionPointContainer(IConnectionPointContainer** result) override;
   HRESULT STDMETHODCALLTYPE Advise(IUnknown* sink, DWORD* cookie) override;
   HRESULT STDMETHODCALLTYPE Unadvise(DWORD cookie) override;
   HRESULT STDMETHODCALLTYPE EnumConnections(IEnumConnections** result) override;

@@ -20,8 +20,8 @@ inline StringView viewOf(BSTR text) {
 
 /// A new BSTR, which the caller owns.
 inline BSTR newBstr(StringView text) {
-  const BSTR result = SysAllocStringLen(std::bit_cast<const OLECHAR*>(text.data()),
-                                        static_cast<UINT>(text.size()));
+  const BSTR result =
+      SysAllocStringLen(std::bit_cast<const OLECHAR*>(text.data()), static_cast<UINT>(text.size()));
   if (!result) throw std::bad_alloc{};
   return result;
 }

@@ -37,8 +37,7 @@ HRESULT ControlObject::QuickActivate(QACONTAINER* container, QACONTROL* control)
     answer.cbSize = size;
     require(SetClientSite(given.pClientSite));
     if (given.pAdviseSink) SetAdvise(DVASPECT_CONTENT, 0, given.pAdviseSink);
-    if (given.pUnkEventSink)
-      events_.point().Advise(given.pUnkEventSink, &answer.dwEventCookie);
+    if (given.pUnkEventSink) events_.point().Advise(given.pUnkEventSink, &answer.dwEventCookie);
     if (given.pPropertyNotifySink)
       propertySinks_.Advise(given.pPropertyNotifySink, &answer.dwPropNotifyCookie);
     answer.dwMiscStatus = controlMiscStatus;

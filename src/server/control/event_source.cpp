@@ -85,11 +85,13 @@ void EventSource::KeyUp(std::int16_t& KeyCode, std::int16_t& Shift) {
 }
 
 void EventSource::MouseDown(std::int16_t& Button, std::int16_t& Shift, float& X, float& Y) {
-  raise(Event::mouseDown, {byReference(Button), byReference(Shift), byReference(X), byReference(Y)});
+  raise(Event::mouseDown,
+        {byReference(Button), byReference(Shift), byReference(X), byReference(Y)});
 }
 
 void EventSource::MouseMove(std::int16_t& Button, std::int16_t& Shift, float& X, float& Y) {
-  raise(Event::mouseMove, {byReference(Button), byReference(Shift), byReference(X), byReference(Y)});
+  raise(Event::mouseMove,
+        {byReference(Button), byReference(Shift), byReference(X), byReference(Y)});
 }
 
 void EventSource::MouseUp(std::int16_t& Button, std::int16_t& Shift, float& X, float& Y) {

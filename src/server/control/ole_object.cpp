@@ -130,7 +130,8 @@ HRESULT ControlObject::GetControlInfo(CONTROLINFO* info) {
     answer.hAccel = nullptr;
     answer.cAccel = 0;
     // With the list open these keys choose or leave an entry, not the form's default button.
-    answer.dwFlags = surface_.wantsKey(VK_RETURN) ? CTRLINFO_EATS_RETURN | CTRLINFO_EATS_ESCAPE : 0u;
+    answer.dwFlags =
+        surface_.wantsKey(VK_RETURN) ? CTRLINFO_EATS_RETURN | CTRLINFO_EATS_ESCAPE : 0u;
   });
 }
 

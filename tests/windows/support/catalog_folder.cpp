@@ -34,7 +34,8 @@ std::string indexLine(const char* tableNumber, const char* family) {
 
 CatalogFolder::CatalogFolder() {
   static std::atomic<int> count{0};
-  const auto name = L"keyscout-test-" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++count);
+  const auto name =
+      L"keyscout-test-" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++count);
   path_ = (std::filesystem::temp_directory_path() / name).wstring();
   std::filesystem::create_directories(path_);
   write(L"catindex.txt", indexLine("0", "AB-") + indexLine("1", "CD-"));

@@ -4,8 +4,8 @@
 
 namespace keyscout {
 
-/// A data directory of two tables with 20 numbers each, AB-100 to AB-119 and CD-100 to CD-119, whose
-/// brands are ACME and BOLT in turn. Removed with the object.
+/// A data directory of two tables with 20 numbers each, AB-100 to AB-119 and CD-100 to CD-119,
+/// whose brands are ACME and BOLT in turn. Removed with the object.
 class CatalogFolder {
  public:
   CatalogFolder();

@@ -9,8 +9,9 @@
 namespace keyscout {
 namespace {
 
-constexpr const char* eventNames[] = {"", "Change", "brandChanged", "needBrand", "KeyDown", "MouseDown",
-                                      "MouseMove", "MouseUp", "Click", "DblClick", "KeyUp", "UpdateKeyscout"};
+constexpr const char* eventNames[] = {"",        "Change",    "brandChanged", "needBrand",
+                                      "KeyDown", "MouseDown", "MouseMove",    "MouseUp",
+                                      "Click",   "DblClick",  "KeyUp",        "UpdateKeyscout"};
 
 std::string textOf(const VARIANT& argument) {
   OwnedVariant plain;
@@ -27,8 +28,9 @@ HWND makeForm() {
   description.lpszClassName = L"Keyscout.TestForm";
   description.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
   RegisterClassW(&description);
-  return CreateWindowExW(0, description.lpszClassName, L"form", WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN, 50, 50, 500,
-                         400, nullptr, nullptr, description.hInstance, nullptr);
+  return CreateWindowExW(0, description.lpszClassName, L"form",
+                         WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN, 50, 50, 500, 400, nullptr,
+                         nullptr, description.hInstance, nullptr);
 }
 
 void send(const INPUT& input) {
@@ -63,7 +65,8 @@ std::string takeText(BSTR text) {
 }
 
 TestForm::TestForm(int controls) : window_(makeForm()) {
-  otherField_ = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, 300, 10, 150, 24, window_, nullptr, nullptr, nullptr);
+  otherField_ = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, 300, 10, 150, 24, window_,
+                                nullptr, nullptr, nullptr);
   controller_ = create<_RWKeyscoutController>(CLSID_RWKeyscoutController);
   if (!controller_) throw ComFailure{REGDB_E_CLASSNOTREG};
   Bstr directory{fromWide(folder_.path())};
@@ -80,7 +83,8 @@ TestForm::TestForm(int controls) : window_(makeForm()) {
   controller_->put_KeyscoutLocked(VARIANT_FALSE);
   controller_->put_KeyscoutEnabled(VARIANT_TRUE);
 
-  const auto sink = makeObject<EventSink>([this](DISPID event, DISPPARAMS& arguments) { note(event, arguments); });
+  const auto sink = makeObject<EventSink>(
+      [this](DISPID event, DISPPARAMS& arguments) { note(event, arguments); });
   for (int i = 0; i < controls; ++i) {
     const auto site = makeObject<ControlSite>(window_);
     site->onCall = [this](const char* call) { calls_.emplace_back(call); };
@@ -156,7 +160,9 @@ HWND TestForm::surface(int which) {
 }
 
 HWND TestForm::edit(int which) { return FindWindowExW(surface(which), nullptr, L"EDIT", nullptr); }
-HWND TestForm::combo(int which) { return FindWindowExW(surface(which), nullptr, L"COMBOBOX", nullptr); }
+HWND TestForm::combo(int which) {
+  return FindWindowExW(surface(which), nullptr, L"COMBOBOX", nullptr);
+}
 
 HWND TestForm::dropDown(int which) {
   COMBOBOXINFO parts{};

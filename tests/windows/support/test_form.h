@@ -37,7 +37,9 @@ class TestForm {
   HWND window() const { return window_; }
   HWND otherField() const { return otherField_; }
   ControlSite& site(int control = 0) { return *sites_[static_cast<std::size_t>(control)]; }
-  ComPtr<_keyscoutControl> control(int which = 0) { return site(which).controlAs<_keyscoutControl>(); }
+  ComPtr<_keyscoutControl> control(int which = 0) {
+    return site(which).controlAs<_keyscoutControl>();
+  }
   _RWKeyscoutController& controller() { return *controller_; }
   CatalogFolder& folder() { return folder_; }
 
