@@ -14,6 +14,8 @@ namespace keyscout {
 namespace {
 
 constexpr wchar_t className[] = L"Keyscout.SampleHost";
+constexpr wchar_t anyBrand[] = L"(any)";
+
 enum Id : int { brandId = 100, lockId, unlockId, authorizedId };
 
 constexpr const wchar_t* eventNames[] = {
@@ -101,7 +103,7 @@ void HostForm::addControls() {
   add(L"STATIC", L"Brand", 0, {280, 16, 400, 32});
   brand_ = add(L"COMBOBOX", L"", CBS_DROPDOWNLIST | WS_TABSTOP | WS_VSCROLL, {280, 34, 400, 200},
                brandId);
-  SendMessageW(brand_, CB_ADDSTRING, 0, std::bit_cast<LPARAM>(L"(any)"));
+  SendMessageW(brand_, CB_ADDSTRING, 0, std::bit_cast<LPARAM>(&anyBrand));
   add(L"STATIC", L"The user may see (none: all)", 0, {280, 66, 504, 82});
   authorized_ = add(L"LISTBOX", L"",
                     WS_VSCROLL | WS_TABSTOP | LBS_MULTIPLESEL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
