@@ -1,0 +1,47 @@
+// keyscout_host [DIRECTORY]: a form with two lookup controls on the catalog data in DIRECTORY, or
+// in the folder "sample" beside the program. keyscout.dll must be registered.
+
+#include <windows.h>
+
+#include <ole2.h>
+#include <shellapi.h>
+
+#include <string>
+
+#include "apps/windows_host/host_form.h"
+#include "server/com/failures.h"
+
+namespace {
+
+std::wstring directoryBesideProgram() {
+  wchar_t path[MAX_PATH] = L"";
+  GetModuleFileNameW(nullptr, path, MAX_PATH);
+  std::wstring directory = path;
+  return directory.substr(0, directory.find_last_of(L'\\') + 1) + L"sample";
+}
+
+std::wstring directoryFromArguments() {
+  int count = 0;
+  wchar_t** const arguments = CommandLineToArgvW(GetCommandLineW(), &count);
+  std::wstring directory = count > 1 ? arguments[1] : directoryBesideProgram();
+  LocalFree(arguments);
+  return directory;
+}
+
+}  // namespace
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
+  if (FAILED(OleInitialize(nullptr))) return 1;
+  int status = 0;
+  try {
+    keyscout::HostForm form{directoryFromArguments()};
+    form.run();
+  } catch (const keyscout::ComFailure& failure) {
+    const std::wstring text = L"The form could not be set up. Is keyscout.dll registered?\nError " +
+                              std::to_wstring(failure.result);
+    MessageBoxW(nullptr, text.c_str(), L"Keyscout sample host", MB_OK | MB_ICONERROR);
+    status = 1;
+  }
+  OleUninitialize();
+  return status;
+}

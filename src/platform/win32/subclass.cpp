@@ -1,0 +1,42 @@
+#include "platform/win32/subclass.h"
+
+#include <bit>
+
+namespace keyscout {
+namespace {
+
+constexpr wchar_t propertyName[] = L"Keyscout.Subclass";
+
+}  // namespace
+
+void Subclass::attach(HWND window) {
+  window_ = window;
+  SetPropW(window, propertyName, this);
+  const LONG_PTR before =
+      SetWindowLongPtrW(window, GWLP_WNDPROC, std::bit_cast<LONG_PTR>(&procedure));
+  original_ = std::bit_cast<WNDPROC>(before);
+}
+
+bool Subclass::isAttached(HWND window) { return window && GetPropW(window, propertyName); }
+
+LRESULT Subclass::original(UINT message, WPARAM wParam, LPARAM lParam) {
+  return window_ ? CallWindowProcW(original_, window_, message, wParam, lParam) : 0;
+}
+
+LRESULT CALLBACK Subclass::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  auto* const self = static_cast<Subclass*>(GetPropW(window, propertyName));
+  if (!self) return DefWindowProcW(window, message, wParam, lParam);
+  const Busy busy{self->busy_};
+  if (message == WM_NCDESTROY) {
+    RemovePropW(window, propertyName);
+    self->window_ = nullptr;
+    return CallWindowProcW(self->original_, window, message, wParam, lParam);
+  }
+  try {
+    return self->onMessage(message, wParam, lParam);
+  } catch (...) {
+    return 0;  // a window's callers know no exceptions
+  }
+}
+
+}  // namespace keyscout

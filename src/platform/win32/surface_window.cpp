@@ -1,0 +1,119 @@
+// The window of a surface: what it answers to messages.
+
+#include <bit>
+
+#include "platform/win32/instance.h"
+#include "platform/win32/win32_surface.h"
+
+namespace keyscout {
+namespace {
+
+constexpr wchar_t className[] = L"Keyscout.Surface";
+
+ATOM surfaceClass = 0;
+
+}  // namespace
+
+void Win32Surface::createWindow() {
+  if (surfaceClass == 0) {
+    WNDCLASSEXW description{};
+    description.cbSize = sizeof description;
+    description.style = CS_DBLCLKS;
+    description.lpfnWndProc = &procedure;
+    description.hInstance = thisInstance();
+    description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    description.lpszClassName = className;
+    surfaceClass = RegisterClassExW(&description);
+  }
+  CreateWindowExW(WS_EX_CONTROLPARENT, className, L"", WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS,
+                  0, 0, 0, 0, HWND_MESSAGE, nullptr, thisInstance(), this);
+}
+
+void Win32Surface::unregisterClass() noexcept {
+  if (surfaceClass != 0) UnregisterClassW(className, thisInstance());
+  surfaceClass = 0;
+}
+
+bool Win32Surface::isSurface(HWND window) {
+  return window && std::bit_cast<WNDPROC>(GetWindowLongPtrW(window, GWLP_WNDPROC)) == &procedure;
+}
+
+LRESULT CALLBACK Win32Surface::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_NCCREATE) {
+    const auto* const creation = std::bit_cast<const CREATESTRUCTW*>(lParam);
+    auto* const self = static_cast<Win32Surface*>(creation->lpCreateParams);
+    self->window_ = window;
+    SetWindowLongPtrW(window, GWLP_USERDATA, std::bit_cast<LONG_PTR>(self));
+  }
+  auto* const self = std::bit_cast<Win32Surface*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (!self) return DefWindowProcW(window, message, wParam, lParam);
+  const Busy busy{*self};
+  try {
+    return self->onMessage(message, wParam, lParam);
+  } catch (...) {
+    return 0;  // a window's callers know no exceptions
+  }
+}
+
+LRESULT Win32Surface::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  const HWND window = window_;
+  switch (message) {
+    case WM_COMMAND: onCommand(std::bit_cast<HWND>(lParam), HIWORD(wParam)); return 0;
+    case WM_SIZE:
+      if (reports_) {
+        const FocusTracker::Hold handler{focusTracker()};
+        reports_->resized();
+      }
+      return 0;
+    case WM_SETFOCUS:
+      focusCame(FocusPlace::surface);
+      if (const HWND edit = textBox_.window(); edit && IsWindowEnabled(edit)) SetFocus(edit);
+      return 0;
+    case WM_KILLFOCUS: focusGoes(std::bit_cast<HWND>(wParam)); return 0;
+    case WM_LBUTTONDOWN: takeFocus(); return 0;
+    case WM_CTLCOLOREDIT:
+    case WM_CTLCOLORSTATIC:
+      if (std::bit_cast<HWND>(lParam) != textBox_.window()) break;
+      return std::bit_cast<LRESULT>(textBox_.prepareDrawing(std::bit_cast<HDC>(wParam)));
+    case WM_ERASEBKGND: eraseBackground(std::bit_cast<HDC>(wParam)); return 1;
+    case WM_SYSCOLORCHANGE:
+      textBox_.forgetColors();
+      InvalidateRect(window, nullptr, TRUE);
+      break;
+    case WM_SETTINGCHANGE:
+    case WM_DPICHANGED_AFTERPARENT: refreshFont(); break;
+    case WM_DESTROY: onDestroy(); return 0;
+    case WM_NCDESTROY:
+      SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+      window_ = nullptr;
+      break;
+    default: break;
+  }
+  return DefWindowProcW(window, message, wParam, lParam);
+}
+
+void Win32Surface::onCommand(HWND from, WORD code) {
+  if (!from) return;
+  if (from == textBox_.window() && code == EN_CHANGE) textBox_.textChanged();
+  if (list_ && from == list_->window()) list_->onNotification(code);
+}
+
+/// The host destroys the surface's window, or one that it stands on. Where that happens inside a
+/// message of a widget, the widget's window has to live on until that message is done.
+void Win32Surface::onDestroy() {
+  focusTracker().forget(*this);
+  if (depth_ <= 1) return;
+  if (list_) list_->retire();  // the control still refers to it
+  orphanedEdit_ = textBox_.window();
+  ShowWindow(orphanedEdit_, SW_HIDE);
+  SetParent(orphanedEdit_, HWND_MESSAGE);
+}
+
+void Win32Surface::eraseBackground(HDC target) {
+  RECT area{};
+  GetClientRect(window_, &area);
+  const Brush brush{CreateSolidBrush(colorOf(background_, GetSysColor(COLOR_BTNFACE)))};
+  FillRect(target, &area, brush.get());
+}
+
+}  // namespace keyscout

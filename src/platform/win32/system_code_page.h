@@ -1,0 +1,10 @@
+#pragma once
+
+#include "platform/code_page.h"
+
+namespace keyscout {
+
+/// The code page of the system, Windows-1252 where that takes several bytes for a character.
+const CodePage& systemCodePage();
+
+}  // namespace keyscout

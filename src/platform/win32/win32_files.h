@@ -1,0 +1,15 @@
+#pragma once
+
+#include "platform/files.h"
+
+namespace keyscout {
+
+/// The file system of Windows.
+class Win32Files final : public Files {
+ public:
+  std::unique_ptr<SequentialFile> open(StringView path) override;
+  bool exists(StringView path) override;
+  std::chrono::sys_seconds lastModified(StringView path) override;
+};
+
+}  // namespace keyscout

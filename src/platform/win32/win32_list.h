@@ -1,0 +1,110 @@
+#pragma once
+
+#include "platform/widgets.h"
+#include "platform/win32/subclass.h"
+
+namespace keyscout {
+
+class Win32Surface;
+
+/// The drop-down list of a control: a combo box behind the text box, so that its own edit part is
+/// hidden and the part that drops down stands below the text box. Lengths are pixels. Once the
+/// window is gone the list is empty and does nothing.
+///
+/// What is selected is kept here as well: in an open list the entry under the mouse pointer counts
+/// as the combo box's selection, and opening it makes one of its own.
+class Win32List final : public DropDownList {
+ public:
+  Win32List(Win32Surface& surface, HWND parent, DropDownListReports& reports, bool rightToLeft);
+  ~Win32List();
+
+  HWND window() const { return combo_.window(); }
+  bool isDropped() const;
+  /// Takes the list out of sight for good; its reports end.
+  void retire();
+  /// Takes on the font and the width of the text box.
+  void takeFont();
+  /// What the combo box tells the surface.
+  void onNotification(WORD code);
+  void scroll(WPARAM wParam, LPARAM lParam);
+  /// Runs `move`, which takes the focus off the list, and leaves the list open if it was.
+  template <class Move>
+  void keepOpen(Move&& move) {
+    const bool wasDropped = isDropped();
+    {
+      const ByCode guard{*this};
+      move();
+    }
+    if (wasDropped && !isDropped()) showDropDown(true);
+  }
+
+  void setLeft(float left) override;
+  void setTop(float top) override;
+  void setWidth(float width) override;
+  void setTabStop(Boolean tabStop) override;
+  void setVisible(Boolean visible) override;
+  std::int16_t entryCount() const override;
+  void append(StringView entry) override;
+  void removeFirst() override;
+  void clear() override;
+  String entryText(std::int16_t entry) const override;
+  std::int16_t selectedIndex() const override { return selected_; }
+  void select(std::int16_t entry) override;
+  void setFocus() override;
+  void showDropDown(bool show) override;
+  void setRedraw(bool redraw) override;
+
+ private:
+  /// One of the windows that a combo box is made of.
+  class Part final : public Subclass {
+   public:
+    using Handler = LRESULT (Win32List::*)(Part&, UINT, WPARAM, LPARAM);
+    Part(Win32List& list, BusyCount& busy, Handler handler)
+        : Subclass(busy), list_(list), handler_(handler) {}
+    using Subclass::original;
+
+   private:
+    LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
+      return (list_.*handler_)(*this, message, wParam, lParam);
+    }
+    Win32List& list_;
+    Handler handler_;
+  };
+
+  /// While it lives, a list that closes was closed by code.
+  struct ByCode {
+    explicit ByCode(Win32List& of) : list(of) { ++list.closingByCode_; }
+    ~ByCode() { --list.closingByCode_; }
+    ByCode(const ByCode&) = delete;
+    ByCode& operator=(const ByCode&) = delete;
+    Win32List& list;
+  };
+
+  LRESULT onComboMessage(Part& part, UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT onEditMessage(Part& part, UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT onDropDownMessage(Part& part, UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT onKeyDown(UINT message, WPARAM wParam, LPARAM lParam);
+
+  LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
+  bool isEntry(std::int16_t entry) const { return entry >= 0 && entry < entryCount(); }
+  void restoreSelection();
+  void fitDropDown();
+  template <class Report>
+  void report(Report&& report);
+
+  Win32Surface& surface_;
+  DropDownListReports* reports_;
+  Part combo_;
+  Part edit_;
+  Part dropDown_;
+  POINT at_{};
+  int width_ = 0;
+  std::int16_t selected_ = -1;
+  POINT pointer_{};  // where the mouse pointer was seen last
+  int closingByCode_ = 0;
+  bool choosing_ = false;
+  bool redraws_ = true;
+  bool swallowCharacter_ = false;
+};
+
+}  // namespace keyscout

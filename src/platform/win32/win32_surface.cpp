@@ -1,0 +1,231 @@
+#include "platform/win32/win32_surface.h"
+
+#include <bit>
+#include <utility>
+
+#include "platform/error.h"
+#include "platform/win32/instance.h"
+
+namespace keyscout {
+namespace {
+
+constexpr int defaultWidth = 121;
+
+SIZE sizeOf(const RECT& rectangle) {
+  return {rectangle.right - rectangle.left, rectangle.bottom - rectangle.top};
+}
+
+}  // namespace
+
+Win32Surface::Win32Surface(SurfaceOwner& owner)
+    : owner_(owner), form_(ThreadForm::ofThisThread()), textBox_(*this) {
+  // Nothing that happens during construction is work of the owner, which is not complete yet.
+  ++depth_;
+  createWindow();
+  if (!window_) throw platformFailure(PlatformError::outOfMemory, u"ControlSurface");
+  refreshFont();
+  textBox_.create(window_, rightToLeft_);
+  textBox_.setWidth(static_cast<float>(scaled(defaultWidth, dpi_)));
+  moveTo({0, 0, scaled(defaultWidth, dpi_), textHeight()});
+  --depth_;
+}
+
+Win32Surface::~Win32Surface() {
+  ++depth_;
+  focusTracker().forget(*this);
+  list_.reset();
+  retiredLists_.clear();
+  if (window_) DestroyWindow(window_);
+  if (orphanedEdit_) DestroyWindow(orphanedEdit_);
+}
+
+void Win32Surface::enter() noexcept {
+  if (depth_++ == 0) owner_.workBegins();
+}
+
+void Win32Surface::leave() noexcept {
+  if (depth_ == 1) {
+    retiredLists_.clear();
+    if (const HWND edit = std::exchange(orphanedEdit_, nullptr)) DestroyWindow(edit);
+  }
+  if (--depth_ == 0) owner_.workEnds();
+}
+
+void Win32Surface::beginHostCall() {
+  enter();
+  focusTracker().hold();
+}
+
+void Win32Surface::endHostCall() noexcept {
+  focusTracker().release();
+  leave();
+}
+
+void Win32Surface::observe(SurfaceReports* surface, TextBoxReports* textBox) {
+  reports_ = surface;
+  textBox_.observe(textBox);
+}
+
+bool Win32Surface::placeOn(HWND parent, const RECT& at) {
+  if (!window_ || !SetParent(window_, parent)) return false;
+  refreshFont();
+  moveTo(at);
+  ShowWindow(window_, SW_SHOWNA);
+  return true;
+}
+
+void Win32Surface::moveTo(const RECT& at) {
+  const SIZE size = sizeOf(at);
+  SetWindowPos(window_, nullptr, at.left, at.top, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void Win32Surface::resize(SIZE pixels) {
+  SetWindowPos(window_, nullptr, 0, 0, pixels.cx, pixels.cy,
+               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void Win32Surface::clipTo(const RECT& at, const RECT& clip) {
+  RECT visible{};
+  IntersectRect(&visible, &at, &clip);
+  if (EqualRect(&visible, &at)) {
+    SetWindowRgn(window_, nullptr, TRUE);
+    return;
+  }
+  OffsetRect(&visible, -at.left, -at.top);
+  SetWindowRgn(window_, CreateRectRgnIndirect(&visible), TRUE);  // the window owns the region
+}
+
+void Win32Surface::park() {
+  if (!window_) return;
+  ShowWindow(window_, SW_HIDE);
+  SetParent(window_, HWND_MESSAGE);
+}
+
+SIZE Win32Surface::size() const {
+  RECT rectangle{};
+  GetWindowRect(window_, &rectangle);
+  return sizeOf(rectangle);
+}
+
+void Win32Surface::takeFocus() {
+  const HWND edit = textBox_.window();
+  SetFocus(edit && IsWindowEnabled(edit) ? edit : window_);
+}
+
+bool Win32Surface::hasFocus() const {
+  const HWND focused = GetFocus();
+  return focused && (focused == window_ || IsChild(window_, focused));
+}
+
+void Win32Surface::setBaseFont(const LOGFONTW* font) {
+  if (font)
+    baseFont_ = *font;
+  else
+    baseFont_.reset();
+  refreshFont();
+}
+
+void Win32Surface::refreshFont() {
+  dpi_ = dpiOf(window_);
+  fontDescription_ = baseFont_ ? *baseFont_ : messageFont(dpi_);
+  Font font{CreateFontIndirectW(&fontDescription_)};
+  std::swap(font, font_);
+  if (!textBox_.window()) return;
+  textBox_.takeFont();
+  if (list_) list_->takeFont();
+}
+
+int Win32Surface::textHeight() const {
+  return lineHeight(font_.get()) + 2 * GetSystemMetrics(SM_CYEDGE) + scaled(4, dpi_);
+}
+
+void Win32Surface::setBackground(LONG oleColor) {
+  background_ = oleColor;
+  InvalidateRect(window_, nullptr, TRUE);
+}
+
+void Win32Surface::setRightToLeft(bool rightToLeft) {
+  if (rightToLeft == std::exchange(rightToLeft_, rightToLeft)) return;
+  const HWND edit = textBox_.window();
+  const auto change = [&](int which, LONG_PTR bits) {
+    const LONG_PTR before = GetWindowLongPtrW(edit, which);
+    SetWindowLongPtrW(edit, which, rightToLeft ? before | bits : before & ~bits);
+  };
+  change(GWL_EXSTYLE, WS_EX_RTLREADING | WS_EX_RIGHT);
+  change(GWL_STYLE, ES_RIGHT);
+  InvalidateRect(edit, nullptr, TRUE);
+}
+
+DropDownList& Win32Surface::addDropDownList(StringView name, DropDownListReports& reports) {
+  list_ = std::make_unique<Win32List>(*this, window_, reports, rightToLeft_);
+  listName_ = name;
+  return *list_;
+}
+
+void Win32Surface::removeChild(StringView name) {
+  if (!list_ || name != listName_)
+    throw platformFailure(PlatformError::invalidArgument, u"ControlSurface");
+  const Busy busy{*this};
+  retiredLists_.push_back(std::move(list_));
+  retiredLists_.back()->retire();
+  focusTracker().listRemoved(*this);
+}
+
+void Win32Surface::setEnabled(Boolean enabled) { EnableWindow(window_, enabled ? TRUE : FALSE); }
+
+void Win32Surface::focusCame(FocusPlace place) {
+  if (!form_->followsFocus()) return;
+  owner_.focusCame();
+  focusTracker().moveTo(*this, place);
+}
+
+void Win32Surface::focusGoes(HWND next) {
+  if (!form_->followsFocus()) return;
+  // A move between places of controls is told by where it goes to.
+  if (Subclass::isAttached(next) || isSurface(next)) return;
+  focusTracker().leave();
+}
+
+void Win32Surface::surfaceLostFocus() noexcept {
+  if (reports_) reports_->lostFocus();
+}
+
+void Win32Surface::focusLeft() noexcept {
+  if (reports_) reports_->focusLeft();
+  owner_.focusLeft();
+}
+
+void Win32Surface::listClosedByUser() {
+  const FocusTracker::Hold handler{focusTracker()};
+  owner_.listClosedByUser();
+}
+
+bool Win32Surface::scrollList(WPARAM wParam, LPARAM lParam) {
+  const bool open = list_ && list_->isDropped();
+  if (open) list_->scroll(wParam, lParam);
+  return open;
+}
+
+bool Win32Surface::wantsKey(WPARAM keyCode) const {
+  switch (keyCode) {
+    case VK_UP:
+    case VK_DOWN:
+    case VK_LEFT:
+    case VK_RIGHT:
+    case VK_HOME:
+    case VK_END:
+    case VK_PRIOR:
+    case VK_NEXT: return true;
+    case VK_RETURN:
+    case VK_ESCAPE: return list_ && list_->isDropped();
+    default: return false;
+  }
+}
+
+LRESULT Win32Surface::dialogCode(LPARAM lParam) const {
+  const auto* const message = std::bit_cast<const MSG*>(lParam);
+  const bool wanted = message && message->message == WM_KEYDOWN && wantsKey(message->wParam);
+  return DLGC_WANTARROWS | DLGC_WANTCHARS | DLGC_HASSETSEL | (wanted ? DLGC_WANTMESSAGE : 0);
+}
+
+}  // namespace keyscout

@@ -1,0 +1,151 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "platform/focus_tracker.h"
+#include "platform/widgets.h"
+#include "platform/win32/appearance.h"
+#include "platform/win32/subclass.h"
+#include "platform/win32/thread_form.h"
+#include "platform/win32/win32_list.h"
+#include "platform/win32/win32_text_box.h"
+
+namespace keyscout {
+
+/// What a surface needs of the object that it is a part of.
+class SurfaceOwner {
+ public:
+  /// Between these two a message or a call is being worked on; they come once for all that are
+  /// nested. Whatever happens meanwhile, the surface must stay; the end may destroy it.
+  virtual void workBegins() noexcept = 0;
+  virtual void workEnds() noexcept = 0;
+
+  /// The user closed the drop-down without choosing anything.
+  virtual void listClosedByUser() noexcept = 0;
+  /// The focus came to one of the surface's windows, or left them all.
+  virtual void focusCame() noexcept = 0;
+  virtual void focusLeft() noexcept = 0;
+
+ protected:
+  ~SurfaceOwner() = default;
+};
+
+/// The place of one control: a child window with the real widgets on it. It is made out of sight
+/// and waits there until it is placed on a window of the host.
+///
+/// Windows whose procedures may be running are never destroyed: until the outermost message or call
+/// has returned they are only put out of sight. So a host may take the control apart from inside
+/// any event. Where the host destroys the window that the surface stands on, the widgets' windows
+/// are gone, and operations on them do nothing.
+class Win32Surface final : public ControlSurface, public BusyCount, private FocusReports {
+ public:
+  /// `owner` must outlive the surface.
+  explicit Win32Surface(SurfaceOwner& owner);
+  ~Win32Surface() override;
+  Win32Surface(const Win32Surface&) = delete;
+  Win32Surface& operator=(const Win32Surface&) = delete;
+
+  /// Null once the window is destroyed.
+  HWND window() const { return window_; }
+  /// Shows the surface on `parent`, whose pixels `at` is in. False where that cannot be.
+  bool placeOn(HWND parent, const RECT& at);
+  void moveTo(const RECT& at);
+  void resize(SIZE pixels);
+  /// Shows only what lies in `clip`; both in the pixels of the window that the surface is on.
+  void clipTo(const RECT& at, const RECT& clip);
+  /// Back out of sight.
+  void park();
+  /// The pixels that the surface takes up, on a window or not.
+  SIZE size() const;
+  int dpi() const { return dpi_; }
+  /// Gives the focus to the text box, or to the surface while the text box is disabled.
+  void takeFocus();
+  bool hasFocus() const;
+
+  /// null for the message font of Windows.
+  void setBaseFont(const LOGFONTW* font);
+  void setBackground(LONG oleColor);
+  void setRightToLeft(bool rightToLeft);
+
+  // ControlSurface
+  void observe(SurfaceReports* surface, TextBoxReports* textBox) override;
+  Win32TextBox& textBox() override { return textBox_; }
+  DropDownList& addDropDownList(StringView name, DropDownListReports& reports) override;
+  void removeChild(StringView name) override;
+  float width() const override { return static_cast<float>(size().cx); }
+  void setEnabled(Boolean enabled) override;
+  void setMousePointer(std::int16_t shape) override { mousePointer_ = shape; }
+  void beginHostCall() override;
+  void endHostCall() noexcept override;
+
+  // BusyCount
+  void enter() noexcept override;
+  void leave() noexcept override;
+
+  // What the widgets on the surface need of it
+
+  Win32List* list() const { return list_.get(); }
+  FocusTracker& focusTracker() { return form_->focusTracker(); }
+  HFONT font() const { return font_.get(); }
+  const LOGFONTW& fontDescription() const { return fontDescription_; }
+  int textHeight() const;
+  void focusCame(FocusPlace place);
+  void focusGoes(HWND next);
+  void listClosedByUser();
+  /// Whether the list is open; if so it has scrolled by the wheel message given.
+  bool scrollList(WPARAM wParam, LPARAM lParam);
+  /// Runs `move`, which takes the focus away from the list, and leaves the list open if it was.
+  template <class Move>
+  void keepListOpen(Move&& move) {
+    if (list_)
+      list_->keepOpen(move);
+    else
+      move();
+  }
+  /// True for keys that a host's dialog handling must leave to the control.
+  bool wantsKey(WPARAM keyCode) const;
+  /// The answer to WM_GETDLGCODE, whose last parameter names the message in question.
+  LRESULT dialogCode(LPARAM lParam) const;
+
+  /// The library's own window class goes with the library.
+  static void unregisterClass() noexcept;
+
+ private:
+  static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  static bool isSurface(HWND window);
+  void createWindow();
+  LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam);
+  void onCommand(HWND from, WORD code);
+  void onDestroy();
+  void eraseBackground(HDC target);
+  void refreshFont();
+
+  // FocusReports
+  void textBoxGotFocus() noexcept override { textBox_.gotFocus(); }
+  void textBoxLostFocus() noexcept override { textBox_.lostFocus(); }
+  void surfaceLostFocus() noexcept override;
+  void focusLeft() noexcept override;
+
+  SurfaceOwner& owner_;
+  std::shared_ptr<ThreadForm> form_;
+  HWND window_ = nullptr;
+  SurfaceReports* reports_ = nullptr;
+  int dpi_ = USER_DEFAULT_SCREEN_DPI;
+  std::optional<LOGFONTW> baseFont_;
+  LOGFONTW fontDescription_{};
+  Font font_;
+  LONG background_ = systemColor(COLOR_BTNFACE);
+  bool rightToLeft_ = false;
+  std::int16_t mousePointer_ = 0;
+  int depth_ = 0;
+
+  Win32TextBox textBox_;
+  String listName_;
+  std::unique_ptr<Win32List> list_;
+  std::vector<std::unique_ptr<Win32List>> retiredLists_;
+  HWND orphanedEdit_ = nullptr;
+};
+
+}  // namespace keyscout

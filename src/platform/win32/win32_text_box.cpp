@@ -1,0 +1,281 @@
+#include "platform/win32/win32_text_box.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "platform/error.h"
+#include "platform/win32/input.h"
+#include "platform/win32/instance.h"
+#include "platform/win32/wide.h"
+#include "platform/win32/win32_surface.h"
+
+namespace keyscout {
+namespace {
+
+WPARAM notNegative(std::int32_t value) {
+  if (value < 0) throw platformFailure(PlatformError::invalidPropertyValue, u"TextBox");
+  return static_cast<WPARAM>(value);
+}
+
+struct Selection {
+  DWORD start = 0;
+  DWORD end = 0;
+};
+
+Selection selectionOf(HWND edit) {
+  Selection selection;
+  SendMessageW(edit, EM_GETSEL, std::bit_cast<WPARAM>(&selection.start),
+               std::bit_cast<LPARAM>(&selection.end));
+  return selection;
+}
+
+}  // namespace
+
+Win32TextBox::Win32TextBox(Win32Surface& surface) : Subclass(surface), surface_(surface) {}
+
+void Win32TextBox::create(HWND parent, bool rightToLeft) {
+  const DWORD direction = rightToLeft ? WS_EX_RTLREADING | WS_EX_RIGHT : 0;
+  const HWND edit =
+      CreateWindowExW(WS_EX_CLIENTEDGE | direction, L"EDIT", L"",
+                      WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP | ES_AUTOHSCROLL, 0, 0,
+                      0, 0, parent, nullptr, thisInstance(), nullptr);
+  if (!edit) throw platformFailure(PlatformError::outOfMemory, u"TextBox");
+  SendMessageW(edit, EM_SETLIMITTEXT, 0, 0);
+  attach(edit);
+  takeFont();
+}
+
+template <class Report>
+void Win32TextBox::report(Report&& report) {
+  if (!reports_) return;
+  const FocusTracker::Hold handler{surface_.focusTracker()};
+  report(*reports_);
+}
+
+void Win32TextBox::takeFont() {
+  LOGFONTW description = surface_.fontDescription();
+  if (bold_) description.lfWeight = FW_BOLD;
+  Font font{CreateFontIndirectW(&description)};
+  SendMessageW(window(), WM_SETFONT, std::bit_cast<WPARAM>(font.get()), TRUE);
+  font_ = std::move(font);
+  const RECT now = place();
+  SetWindowPos(window(), nullptr, 0, 0, now.right - now.left, surface_.textHeight(),
+               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+HBRUSH Win32TextBox::prepareDrawing(HDC target) {
+  const COLORREF back = colorOf(backColor_, GetSysColor(COLOR_WINDOW));
+  const bool enabled = IsWindowEnabled(window()) != FALSE;
+  const COLORREF fore = colorOf(foreColor_, GetSysColor(COLOR_WINDOWTEXT));
+  SetTextColor(target, enabled ? fore : GetSysColor(COLOR_GRAYTEXT));
+  SetBkColor(target, back);
+  if (!background_) background_.reset(CreateSolidBrush(back));
+  return background_.get();
+}
+
+void Win32TextBox::textChanged() {
+  report([](TextBoxReports& observer) { observer.changed(); });
+}
+void Win32TextBox::gotFocus() {
+  if (reports_) reports_->gotFocus();
+}
+void Win32TextBox::lostFocus() {
+  if (reports_) reports_->lostFocus();
+}
+
+String Win32TextBox::text() const {
+  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window())) + 1, L'\0');
+  const int length = GetWindowTextW(window(), text.data(), static_cast<int>(text.size()));
+  return fromWide({text.data(), static_cast<std::size_t>(length)});
+}
+
+// The edit window reports the change while it takes the text.
+void Win32TextBox::setText(StringView text) { SetWindowTextW(window(), toWide(text).c_str()); }
+
+std::int32_t Win32TextBox::selStart() const {
+  return static_cast<std::int32_t>(selectionOf(window()).start);
+}
+
+void Win32TextBox::setSelStart(std::int32_t start) {
+  const auto length = static_cast<WPARAM>(GetWindowTextLengthW(window()));
+  const WPARAM at = std::min(notNegative(start), length);
+  SendMessageW(window(), EM_SETSEL, at, static_cast<LPARAM>(at));
+  SendMessageW(window(), EM_SCROLLCARET, 0, 0);
+}
+
+std::int32_t Win32TextBox::selLength() const {
+  const Selection selection = selectionOf(window());
+  return static_cast<std::int32_t>(selection.end - selection.start);
+}
+
+void Win32TextBox::setSelLength(std::int32_t length) {
+  const auto textLength = static_cast<WPARAM>(GetWindowTextLengthW(window()));
+  const WPARAM start = selectionOf(window()).start;
+  const WPARAM end = std::min(start + notNegative(length), textLength);
+  SendMessageW(window(), EM_SETSEL, start, static_cast<LPARAM>(end));
+}
+
+void Win32TextBox::setFocus() {
+  surface_.keepListOpen([&] { SetFocus(window()); });
+}
+
+Boolean Win32TextBox::enabled() const { return IsWindowEnabled(window()) != FALSE; }
+
+void Win32TextBox::setEnabled(Boolean enabled) { EnableWindow(window(), enabled ? TRUE : FALSE); }
+
+Boolean Win32TextBox::readOnly() const {
+  return (GetWindowLongPtrW(window(), GWL_STYLE) & ES_READONLY) != 0;
+}
+
+void Win32TextBox::setReadOnly(Boolean readOnly) {
+  SendMessageW(window(), EM_SETREADONLY, readOnly ? TRUE : FALSE, 0);
+}
+
+void Win32TextBox::setForeColor(std::int32_t color) {
+  foreColor_ = color;
+  InvalidateRect(window(), nullptr, TRUE);
+}
+
+void Win32TextBox::setBackColor(std::int32_t color) {
+  backColor_ = color;
+  background_.reset();
+  InvalidateRect(window(), nullptr, TRUE);
+}
+
+void Win32TextBox::setFontBold(Boolean bold) {
+  bold_ = bold;
+  takeFont();
+}
+
+void Win32TextBox::setToolTipText(StringView text) {
+  toolTipText_ = text;
+  std::wstring wide = toWide(text);
+  TOOLINFOW tool{};
+  tool.cbSize = TTTOOLINFOW_V2_SIZE;
+  tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+  tool.hwnd = window();
+  tool.uId = std::bit_cast<UINT_PTR>(window());
+  tool.lpszText = wide.data();
+  if (!toolTip_) {
+    const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_WIN95_CLASSES};
+    InitCommonControlsEx(&classes);
+    toolTip_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP,
+                               CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, window(),
+                               nullptr, thisInstance(), nullptr);
+    SendMessageW(toolTip_, TTM_ADDTOOLW, 0, std::bit_cast<LPARAM>(&tool));
+  }
+  SendMessageW(toolTip_, TTM_UPDATETIPTEXTW, 0, std::bit_cast<LPARAM>(&tool));
+}
+
+RECT Win32TextBox::place() const {
+  RECT place{};
+  GetWindowRect(window(), &place);
+  MapWindowPoints(HWND_DESKTOP, GetParent(window()), std::bit_cast<POINT*>(&place), 2);
+  return place;
+}
+
+float Win32TextBox::left() const { return static_cast<float>(place().left); }
+float Win32TextBox::top() const { return static_cast<float>(place().top); }
+float Win32TextBox::width() const {
+  const RECT now = place();
+  return static_cast<float>(now.right - now.left);
+}
+int Win32TextBox::height() const {
+  const RECT now = place();
+  return now.bottom - now.top;
+}
+
+void Win32TextBox::setWidth(float width) {
+  SetWindowPos(window(), nullptr, 0, 0, static_cast<int>(width), height(),
+               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void Win32TextBox::bringToFront() {
+  SetWindowPos(window(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+LRESULT Win32TextBox::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_KEYDOWN:
+    case WM_SYSKEYDOWN: return onKeyDown(message, wParam, lParam);
+    case WM_CHAR:
+    case WM_SYSCHAR:
+    case WM_DEADCHAR: return onCharacter(message, wParam, lParam);
+    case WM_KEYUP:
+    case WM_SYSKEYUP: return onKeyUp(message, wParam, lParam);
+    case WM_GETDLGCODE: return surface_.dialogCode(lParam);
+    case WM_MOUSEWHEEL:
+      if (surface_.scrollList(wParam, lParam)) return 0;
+      break;
+    case WM_SETFOCUS: {
+      const LRESULT result = original(message, wParam, lParam);
+      surface_.focusCame(FocusPlace::textBox);
+      return result;
+    }
+    case WM_KILLFOCUS: {
+      const LRESULT result = original(message, wParam, lParam);
+      surface_.focusGoes(std::bit_cast<HWND>(wParam));
+      return result;
+    }
+    default: break;
+  }
+  const LRESULT result = original(message, wParam, lParam);
+  reportMouse(message, wParam, lParam);
+  return result;
+}
+
+LRESULT Win32TextBox::onKeyDown(UINT message, WPARAM wParam, LPARAM lParam) {
+  auto keyCode = static_cast<std::int16_t>(wParam);
+  std::int16_t shift = modifierMask();
+  report([&](TextBoxReports& observer) { observer.keyDown(keyCode, shift); });
+  // The character that the key was translated to is on its way already.
+  swallowCharacter_ = keyCode == 0;
+  if (swallowCharacter_) return 0;
+  return original(message, static_cast<std::uint16_t>(keyCode), lParam);
+}
+
+LRESULT Win32TextBox::onCharacter(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (swallowCharacter_) return 0;
+  if (message != WM_CHAR) return original(message, wParam, lParam);
+  auto character = static_cast<std::int16_t>(wParam);
+  report([&](TextBoxReports& observer) { observer.keyPress(character); });
+  if (character == 0) return 0;
+  return original(message, static_cast<std::uint16_t>(character), lParam);
+}
+
+LRESULT Win32TextBox::onKeyUp(UINT message, WPARAM wParam, LPARAM lParam) {
+  swallowCharacter_ = false;
+  auto keyCode = static_cast<std::int16_t>(wParam);
+  std::int16_t shift = modifierMask();
+  report([&](TextBoxReports& observer) { observer.keyUp(keyCode, shift); });
+  if (keyCode == 0) return 0;
+  return original(message, static_cast<std::uint16_t>(keyCode), lParam);
+}
+
+void Win32TextBox::reportMouse(UINT message, WPARAM wParam, LPARAM lParam) {
+  MouseInput input = mouseInput(message, wParam, lParam);
+  if (input.kind == MouseInput::Kind::none) return;
+  std::int16_t shift = modifierMask();
+  auto x = static_cast<float>(input.at.x);
+  auto y = static_cast<float>(input.at.y);
+  switch (input.kind) {
+    case MouseInput::Kind::move:
+      return report([&](TextBoxReports& to) { to.mouseMoved(input.button, shift, x, y); });
+    case MouseInput::Kind::down:
+      return report([&](TextBoxReports& to) { to.mouseDown(input.button, shift, x, y); });
+    case MouseInput::Kind::doubleClick:
+      return report([&](TextBoxReports& to) { to.doubleClicked(); });
+    case MouseInput::Kind::up: {
+      report([&](TextBoxReports& to) { to.mouseUp(input.button, shift, x, y); });
+      RECT area{};
+      GetClientRect(window(), &area);
+      const bool isClick = message == WM_LBUTTONUP && PtInRect(&area, input.at);
+      if (isClick) report([](TextBoxReports& to) { to.clicked(); });
+      return;
+    }
+    case MouseInput::Kind::none: return;
+  }
+}
+
+}  // namespace keyscout

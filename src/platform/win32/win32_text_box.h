@@ -1,0 +1,80 @@
+#pragma once
+
+#include "platform/widgets.h"
+#include "platform/win32/appearance.h"
+#include "platform/win32/subclass.h"
+
+namespace keyscout {
+
+class Win32Surface;
+
+/// The text box of a control: an edit window at the surface's origin. Lengths are pixels. Once its
+/// window is gone its text is empty and writing to it changes nothing.
+class Win32TextBox final : public TextBox, private Subclass {
+ public:
+  explicit Win32TextBox(Win32Surface& surface);
+
+  void create(HWND parent, bool rightToLeft);
+  void observe(TextBoxReports* reports) { reports_ = reports; }
+  /// Takes on the font that the surface has now, and the height that goes with it.
+  void takeFont();
+
+  using Subclass::window;
+  int height() const;
+  /// What the surface answers when the edit window is about to draw itself on `target`.
+  HBRUSH prepareDrawing(HDC target);
+  void forgetColors() { background_.reset(); }
+
+  void textChanged();
+  void gotFocus();
+  void lostFocus();
+
+  String text() const override;
+  void setText(StringView text) override;
+  std::int32_t selStart() const override;
+  void setSelStart(std::int32_t start) override;
+  std::int32_t selLength() const override;
+  void setSelLength(std::int32_t length) override;
+  void setFocus() override;
+  Boolean enabled() const override;
+  void setEnabled(Boolean enabled) override;
+  Boolean readOnly() const override;
+  void setReadOnly(Boolean readOnly) override;
+  std::int32_t foreColor() const override { return foreColor_; }
+  void setForeColor(std::int32_t color) override;
+  std::int32_t backColor() const override { return backColor_; }
+  void setBackColor(std::int32_t color) override;
+  Boolean fontBold() const override { return bold_; }
+  void setFontBold(Boolean bold) override;
+  String toolTipText() const override { return toolTipText_; }
+  void setToolTipText(StringView text) override;
+  float left() const override;
+  float top() const override;
+  float width() const override;
+  void setWidth(float width) override;
+  void bringToFront() override;
+
+ private:
+  LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+  LRESULT onKeyDown(UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT onCharacter(UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT onKeyUp(UINT message, WPARAM wParam, LPARAM lParam);
+  void reportMouse(UINT message, WPARAM wParam, LPARAM lParam);
+  RECT place() const;
+
+  template <class Report>
+  void report(Report&& report);
+
+  Win32Surface& surface_;
+  TextBoxReports* reports_ = nullptr;
+  Font font_;
+  Brush background_;
+  std::int32_t foreColor_ = systemColor(COLOR_WINDOWTEXT);
+  std::int32_t backColor_ = systemColor(COLOR_WINDOW);
+  Boolean bold_;
+  String toolTipText_;
+  HWND toolTip_ = nullptr;  // owned by the edit window
+  bool swallowCharacter_ = false;
+};
+
+}  // namespace keyscout

@@ -1,0 +1,48 @@
+#include "server/com/failures.h"
+
+#include <oleauto.h>
+
+#include "server/com/com_ptr.h"
+#include "server/com/values.h"
+
+namespace keyscout {
+namespace {
+
+/// A platform number becomes the result that hosts turn back into that number.
+HRESULT resultOf(std::int32_t number) {
+  if (number == PlatformError::outOfMemory) return E_OUTOFMEMORY;
+  constexpr std::uint32_t platformNumbers = 0x800A0000;
+  if (number >= 0 && number <= 0xFFFF)
+    return static_cast<HRESULT>(platformNumbers | static_cast<std::uint32_t>(number));
+  return number;
+}
+
+void leaveErrorInformation(const Error& error, REFIID interfaceId) {
+  ComPtr<ICreateErrorInfo> information;
+  if (FAILED(CreateErrorInfo(information.put()))) return;
+  information->SetGUID(interfaceId);
+  information->SetSource(Bstr{error.source()}.get());
+  information->SetDescription(Bstr{error.description()}.get());
+  const auto readable = ComPtr<IErrorInfo>::from(information.get());
+  SetErrorInfo(0, readable.get());
+}
+
+}  // namespace
+
+HRESULT currentFailure(REFIID interfaceId) noexcept {
+  SetErrorInfo(0, nullptr);
+  try {
+    throw;
+  } catch (const ComFailure& failure) {
+    return failure.result;
+  } catch (...) {
+    const Error error = currentError();
+    try {
+      leaveErrorInformation(error, interfaceId);
+    } catch (...) {  // NOLINT(bugprone-empty-catch): the number goes out all the same
+    }
+    return resultOf(error.number());
+  }
+}
+
+}  // namespace keyscout

@@ -1,0 +1,134 @@
+// The control on the container's window: activation, position, keys.
+
+#include <utility>
+
+#include "platform/win32/input.h"
+#include "server/control/control_object.h"
+
+namespace keyscout {
+
+void ControlObject::activateInPlace() {
+  if (inPlaceSite_) return;
+  const auto site = ComPtr<IOleInPlaceSite>::from(site_.get());
+  if (!site) throw ComFailure{OLE_E_NOTRUNNING};
+  if (site->CanInPlaceActivate() != S_OK) throw ComFailure{E_FAIL};
+  require(site->OnInPlaceActivate());
+  inPlaceSite_ = site;
+
+  HWND parent = nullptr;
+  RECT position{};
+  RECT clip{};
+  OLEINPLACEFRAMEINFO frameInfo{};
+  frameInfo.cb = sizeof frameInfo;
+  const bool placed = SUCCEEDED(site->GetWindow(&parent)) &&
+                      SUCCEEDED(site->GetWindowContext(frame_.put(), document_.put(), &position,
+                                                       &clip, &frameInfo)) &&
+                      surface_.placeOn(parent, position);
+  if (!placed) {
+    deactivateInPlace();
+    throw ComFailure{E_FAIL};
+  }
+  surface_.clipTo(position, clip);
+  const LONG_PTR parentStyle = GetWindowLongPtrW(parent, GWL_EXSTYLE);
+  surface_.setRightToLeft(ambients_.rightToLeft || (parentStyle & WS_EX_RTLREADING));
+  surface_.setEnabled(ambients_.userMode && control_.Enabled());
+  if (site_) site_->ShowObject();
+}
+
+void ControlObject::activateUi() {
+  if (uiActive_ || !inPlaceSite_) return;
+  const auto site = inPlaceSite_;
+  uiActive_ = true;
+  require(site->OnUIActivate());
+  // Telling the container may have ended it all.
+  if (!uiActive_) return;
+  if (!surface_.hasFocus()) surface_.takeFocus();
+  const auto frame = frame_;
+  const auto document = document_;
+  if (frame && uiActive_) frame->SetActiveObject(this, nullptr);
+  if (document && uiActive_) document->SetActiveObject(this, nullptr);
+  if (frame && uiActive_) frame->SetBorderSpace(nullptr);
+}
+
+void ControlObject::deactivateUi() {
+  if (!uiActive_) return;
+  uiActive_ = false;
+  const auto site = inPlaceSite_;
+  const auto frame = frame_;
+  const auto document = document_;
+  if (document) document->SetActiveObject(nullptr, nullptr);
+  if (frame) frame->SetActiveObject(nullptr, nullptr);
+  if (site) site->OnUIDeactivate(FALSE);
+}
+
+void ControlObject::deactivateInPlace() {
+  if (!inPlaceSite_) return;
+  deactivateUi();
+  control_.hideList();
+  const auto site = std::exchange(inPlaceSite_, nullptr);
+  frame_ = nullptr;
+  document_ = nullptr;
+  surface_.park();
+  if (site) site->OnInPlaceDeactivate();
+}
+
+void ControlObject::focusCame() noexcept {
+  guarded(IID_NULL, [&] {
+    if (!inPlaceSite_) return;
+    activateUi();
+    if (const auto site = ComPtr<IOleControlSite>::from(site_.get())) site->OnFocus(TRUE);
+  });
+}
+
+void ControlObject::focusLeft() noexcept {
+  guarded(IID_NULL, [&] {
+    if (!inPlaceSite_) return;
+    if (const auto site = ComPtr<IOleControlSite>::from(site_.get())) site->OnFocus(FALSE);
+  });
+}
+
+HRESULT ControlObject::GetWindow(HWND* result) {
+  return call([&] {
+    target(result) = inPlaceSite_ ? surface_.window() : nullptr;
+    if (!*result) throw ComFailure{E_FAIL};
+  });
+}
+
+HRESULT ControlObject::InPlaceDeactivate() {
+  return call([&] { deactivateInPlace(); });
+}
+
+HRESULT ControlObject::UIDeactivate() {
+  return call([&] { deactivateUi(); });
+}
+
+HRESULT ControlObject::SetObjectRects(LPCRECT position, LPCRECT clip) {
+  return call([&] {
+    const RECT at = target(position);
+    if (!inPlaceSite_) throw ComFailure{E_UNEXPECTED};
+    surface_.moveTo(at);
+    surface_.clipTo(at, clip ? *clip : at);
+  });
+}
+
+HRESULT ControlObject::TranslateAccelerator(LPMSG message) {
+  if (!message) return E_POINTER;
+  bool handled = false;
+  const HRESULT result = call([&] {
+    const bool isKey = message->message >= WM_KEYFIRST && message->message <= WM_KEYLAST;
+    if (!isKey || !uiActive_) return;
+    if (message->message == WM_KEYDOWN && surface_.wantsKey(message->wParam)) {
+      TranslateMessage(message);
+      DispatchMessageW(message);
+      handled = true;
+      return;
+    }
+    const auto site = ComPtr<IOleControlSite>::from(site_.get());
+    if (!site) return;
+    handled = site->TranslateAccelerator(message, static_cast<DWORD>(modifierMask())) == S_OK;
+  });
+  if (FAILED(result)) return result;
+  return handled ? S_OK : S_FALSE;
+}
+
+}  // namespace keyscout

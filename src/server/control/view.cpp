@@ -1,0 +1,94 @@
+// The control's picture, for forms that are being designed and for paper.
+
+#include <algorithm>
+
+#include "platform/win32/appearance.h"
+#include "platform/win32/wide.h"
+#include "server/control/control_object.h"
+
+namespace keyscout {
+namespace {
+
+/// Gives a device context back as it was.
+class SavedContext {
+ public:
+  explicit SavedContext(HDC context) : context_(context), state_(SaveDC(context)) {}
+  ~SavedContext() { RestoreDC(context_, state_); }
+  SavedContext(const SavedContext&) = delete;
+  SavedContext& operator=(const SavedContext&) = delete;
+
+ private:
+  HDC context_;
+  int state_;
+};
+
+void fill(HDC target, const RECT& area, COLORREF color) {
+  const Brush brush{CreateSolidBrush(color)};
+  FillRect(target, &area, brush.get());
+}
+
+}  // namespace
+
+HRESULT ControlObject::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC context,
+                            LPCRECTL bounds, LPCRECTL, BOOL(STDMETHODCALLTYPE*)(ULONG_PTR),
+                            ULONG_PTR) {
+  return call([&] {
+    if (aspect != DVASPECT_CONTENT) throw ComFailure{DV_E_DVASPECT};
+    if (!context) throw ComFailure{E_POINTER};
+    const RECTL& given = target(bounds);
+    RECT area{given.left, given.top, given.right, given.bottom};
+    const SavedContext saved{context};
+
+    // The target may have any resolution: everything is as large as the control is drawn.
+    const SIZE pixels = surface_.size();
+    const int drawnHeight = std::abs(area.bottom - area.top);
+    const auto toTarget = [&](int length) {
+      return MulDiv(length, drawnHeight, std::max<int>(1, static_cast<int>(pixels.cy)));
+    };
+    fill(context, area, colorOf(ambients_.backColor, GetSysColor(COLOR_BTNFACE)));
+    area.bottom = std::min<LONG>(area.bottom, area.top + toTarget(surface_.textBox().height()));
+    fill(context, area, colorOf(surface_.textBox().backColor(), GetSysColor(COLOR_WINDOW)));
+    DrawEdge(context, &area, EDGE_SUNKEN, BF_RECT);
+
+    LOGFONTW description = surface_.fontDescription();
+    description.lfHeight = toTarget(description.lfHeight);
+    description.lfWidth = 0;
+    if (surface_.textBox().fontBold()) description.lfWeight = FW_BOLD;
+    const Font font{CreateFontIndirectW(&description)};
+    SelectObject(context, font.get());
+    SetBkMode(context, TRANSPARENT);
+    SetTextColor(context, colorOf(surface_.textBox().foreColor(), GetSysColor(COLOR_WINDOWTEXT)));
+    InflateRect(&area, -toTarget(4), 0);
+    std::wstring text = toWide(control_.text());
+    const UINT direction = ambients_.rightToLeft ? DT_RIGHT | DT_RTLREADING : DT_LEFT;
+    DrawTextW(context, text.data(), static_cast<int>(text.size()), &area,
+              DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | direction);
+    SelectObject(context, GetStockObject(SYSTEM_FONT));
+  });
+}
+
+HRESULT ControlObject::SetAdvise(DWORD aspects, DWORD flags, IAdviseSink* sink) {
+  return call([&] {
+    viewSink_ = ComPtr<IAdviseSink>{sink};
+    viewAspects_ = aspects;
+    viewFlags_ = flags;
+    if (flags & ADVF_PRIMEFIRST) viewChanged();
+  });
+}
+
+HRESULT ControlObject::GetAdvise(DWORD* aspects, DWORD* flags, IAdviseSink** sink) {
+  return call([&] {
+    if (aspects) *aspects = viewAspects_;
+    if (flags) *flags = viewFlags_;
+    if (sink) *sink = ComPtr<IAdviseSink>{viewSink_}.detach();
+  });
+}
+
+void ControlObject::viewChanged() {
+  const auto sink = viewSink_;
+  if (!sink) return;
+  if (viewFlags_ & ADVF_ONLYONCE) viewSink_ = nullptr;
+  sink->OnViewChange(DVASPECT_CONTENT, -1);
+}
+
+}  // namespace keyscout

@@ -1,0 +1,73 @@
+// The entry points of the library.
+
+#include <windows.h>
+
+#include "keyscout_h.h"
+#include "platform/win32/thread_slot.h"
+#include "platform/win32/win32_surface.h"
+#include "server/brand_objects.h"
+#include "server/com/class_factory.h"
+#include "server/control/control_object.h"
+#include "server/controller_object.h"
+#include "server/host_brands.h"
+#include "server/registration.h"
+
+namespace keyscout {
+namespace {
+
+template <class Class>
+IUnknown* newFactory() {
+  return makeObject<ClassFactory<Class>>().detach();
+}
+
+struct ServedClass {
+  const CLSID& id;
+  IUnknown* (*newFactory)();
+};
+
+const ServedClass servedClasses[] = {
+    {CLSID_RWKeyscoutController, newFactory<ControllerObject>},
+    {CLSID_keyscoutControl, newFactory<ControlObject>},
+    {CLSID_BrandList, newFactory<BrandListObject>},
+    {CLSID_BrandItem, newFactory<BrandItemObject>},
+};
+
+/// Objects that the thread's state refers to may be gone with the thread's COM by now.
+void endThread() noexcept {
+  HostBrandCollection::abandonReferences();
+  freeThreadSlot();
+}
+
+}  // namespace
+}  // namespace keyscout
+
+using namespace keyscout;
+
+extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, LPVOID processEnds) {
+  switch (reason) {
+    case DLL_THREAD_DETACH: endThread(); break;
+    case DLL_PROCESS_DETACH:
+      if (processEnds) break;  // the system takes everything back
+      endThread();
+      Win32Surface::unregisterClass();
+      break;
+    default: break;
+  }
+  return TRUE;
+}
+
+STDAPI DllGetClassObject(REFCLSID id, REFIID interfaceId, void** result) {
+  return guarded(IID_NULL, [&] {
+    target(result) = nullptr;
+    for (const ServedClass& served : servedClasses) {
+      if (served.id != id) continue;
+      const auto factory = ComPtr<IUnknown>::adopt(served.newFactory());
+      return require(factory->QueryInterface(interfaceId, result));
+    }
+    throw ComFailure{CLASS_E_CLASSNOTAVAILABLE};
+  });
+}
+
+STDAPI DllCanUnloadNow() { return ModuleUse::isAny() ? S_FALSE : S_OK; }
+STDAPI DllRegisterServer() { return registerServer(); }
+STDAPI DllUnregisterServer() { return unregisterServer(); }

@@ -1,0 +1,233 @@
+// What a container asks of the control and what the control asks of its container.
+
+#include <gtest/gtest.h>
+
+#include <olectl.h>
+
+#include "support/test_form.h"
+
+namespace keyscout {
+namespace {
+
+using Calls = std::vector<std::string>;
+
+VARIANT number(LONG value) {
+  VARIANT variant{};
+  variant.vt = VT_I4;
+  variant.lVal = value;
+  return variant;
+}
+
+TEST(Container, ActivationInPlaceAndByFocus) {
+  TestForm form;
+  EXPECT_EQ(form.takeCalls(),
+            (Calls{"CanInPlaceActivate", "OnInPlaceActivate", "GetWindowContext", "ShowObject"}));
+  SetFocus(form.edit());
+  form.pump();
+  EXPECT_EQ(form.takeCalls(), (Calls{"OnUIActivate", "SetActiveObject", "OnFocus"}));
+  SetFocus(form.otherField());
+  form.pump();
+  EXPECT_EQ(form.takeCalls(), (Calls{"OnFocusLost"}));
+  const auto object = form.site().controlAs<IOleInPlaceObject>();
+  EXPECT_EQ(object->UIDeactivate(), S_OK);
+  EXPECT_EQ(form.takeCalls(), (Calls{"SetActiveObject(null)", "OnUIDeactivate"}));
+  EXPECT_EQ(object->InPlaceDeactivate(), S_OK);
+  EXPECT_EQ(form.takeCalls(), (Calls{"OnInPlaceDeactivate"}));
+  HWND window = nullptr;
+  EXPECT_EQ(object->GetWindow(&window), E_FAIL);
+}
+
+TEST(Container, TextOutlivesDeactivation) {
+  TestForm form;
+  form.enter();
+  form.type("zz");
+  form.site().controlAs<IOleInPlaceObject>()->InPlaceDeactivate();
+  EXPECT_EQ(form.text(), "zz");
+  EXPECT_EQ(form.site().controlAs<IOleObject>()->DoVerb(OLEIVERB_UIACTIVATE, nullptr, &form.site(),
+                                                        0, form.window(), nullptr),
+            S_OK);
+  EXPECT_EQ(GetFocus(), form.edit());
+  EXPECT_EQ(form.text(), "zz");
+}
+
+TEST(Container, KeysThatTheControlNeedsAreItsOwn) {
+  TestForm form;
+  form.enter();
+  const auto active = form.site().controlAs<IOleInPlaceActiveObject>();
+  struct Case {
+    WORD key;
+    bool open;
+    bool used;
+  };
+  for (const Case& with :
+       {Case{VK_DOWN, false, true}, Case{VK_NEXT, false, true}, Case{VK_TAB, false, false},
+        Case{VK_RETURN, false, false}, Case{VK_ESCAPE, false, false}, Case{VK_TAB, true, false},
+        Case{VK_RETURN, true, true}, Case{VK_ESCAPE, true, true}}) {
+    SCOPED_TRACE(with.key);
+    if (with.open && !form.isOpen()) {
+      form.control()->put_text(nullptr);
+      form.type("ab");
+      ASSERT_TRUE(form.isOpen());
+    }
+    CONTROLINFO info{};
+    info.cb = sizeof info;
+    EXPECT_EQ(form.site().controlAs<IOleControl>()->GetControlInfo(&info), S_OK);
+    EXPECT_EQ(info.dwFlags != 0, with.open);
+    MSG message{form.edit(), WM_KEYDOWN, with.key, 1, 0, {}};
+    EXPECT_EQ(active->TranslateAccelerator(&message), with.used ? S_OK : S_FALSE);
+  }
+}
+
+TEST(Container, FrozenEventsAreDropped) {
+  TestForm form;
+  const auto control = form.site().controlAs<IOleControl>();
+  const auto raised = [&] {
+    form.takeEvents();
+    form.control()->put_text(Bstr{u"x"}.get());
+    return form.takeEvents();
+  };
+  EXPECT_EQ(raised(), (Calls{"needBrand", "Change"}));
+  control->FreezeEvents(TRUE);
+  control->FreezeEvents(TRUE);
+  control->FreezeEvents(FALSE);
+  EXPECT_EQ(raised(), Calls{});
+  control->FreezeEvents(FALSE);
+  control->FreezeEvents(FALSE);  // one too many is none
+  EXPECT_EQ(raised(), (Calls{"needBrand", "Change"}));
+}
+
+TEST(Container, AmbientPropertiesAreTakenOn) {
+  TestForm form;
+  const auto isEnabled = [&] { return IsWindowEnabled(form.surface()) != FALSE; };
+  EXPECT_TRUE(isEnabled()) << "user mode where the container says nothing";
+  form.site().ambients[DISPID_AMBIENT_USERMODE] = number(0);
+  form.site().controlAs<IOleControl>()->OnAmbientPropertyChange(DISPID_AMBIENT_USERMODE);
+  EXPECT_FALSE(isEnabled()) << "the mouse is the designer's";
+
+  form.site().ambients[DISPID_AMBIENT_RIGHTTOLEFT] = number(-1);
+  form.site().controlAs<IOleControl>()->OnAmbientPropertyChange(DISPID_UNKNOWN);
+  EXPECT_TRUE(GetWindowLongPtrW(form.edit(), GWL_EXSTYLE) & WS_EX_RTLREADING);
+
+  wchar_t fontName[] = L"Courier New";
+  FONTDESC description{sizeof description, fontName, {}, 700, 0, FALSE, FALSE, FALSE};
+  description.cySize.int64 = 200000;
+  VARIANT font{};
+  font.vt = VT_DISPATCH;
+  ASSERT_EQ(
+      OleCreateFontIndirect(&description, IID_IDispatch, std::bit_cast<void**>(&font.pdispVal)),
+      S_OK);
+  form.site().ambients[DISPID_AMBIENT_FONT] = font;
+  form.site().controlAs<IOleControl>()->OnAmbientPropertyChange(DISPID_AMBIENT_FONT);
+  LOGFONTW used{};
+  GetObjectW(std::bit_cast<HFONT>(SendMessageW(form.edit(), WM_GETFONT, 0, 0)), sizeof used, &used);
+  EXPECT_EQ(narrow(used.lfFaceName), "Courier New");
+  form.site().ambients.clear();
+  font.pdispVal->Release();
+}
+
+TEST(Container, ExtentsAreHimetric) {
+  TestForm form;
+  const auto object = form.site().controlAs<IOleObject>();
+  SIZEL size{5080, 1270};
+  EXPECT_EQ(object->SetExtent(DVASPECT_CONTENT, &size), S_OK);
+  SIZEL read{};
+  EXPECT_EQ(object->GetExtent(DVASPECT_CONTENT, &read), S_OK);
+  EXPECT_EQ(read.cx, 5080);
+  EXPECT_EQ(read.cy, 1270);
+  RECT area{};
+  GetClientRect(form.surface(), &area);
+  const HDC screen = GetDC(nullptr);
+  EXPECT_EQ(area.right, 2 * GetDeviceCaps(screen, LOGPIXELSX));
+  ReleaseDC(nullptr, screen);
+  RECT box{};
+  GetWindowRect(form.edit(), &box);
+  EXPECT_EQ(box.right - box.left, area.right) << "the text box is as wide as the control";
+  EXPECT_EQ(object->SetExtent(DVASPECT_ICON, &size), DV_E_DVASPECT);
+  DWORD status = 0;
+  EXPECT_EQ(object->GetMiscStatus(DVASPECT_CONTENT, &status), S_OK);
+  EXPECT_EQ(status, 131473u);
+}
+
+TEST(Container, SavesAndLoadsNothing) {
+  TestForm form;
+  const auto streams = form.site().controlAs<IPersistStreamInit>();
+  ComPtr<IStream> stream;
+  ASSERT_EQ(CreateStreamOnHGlobal(nullptr, TRUE, stream.put()), S_OK);
+  EXPECT_EQ(streams->InitNew(), S_OK);
+  EXPECT_EQ(streams->IsDirty(), S_FALSE);
+  EXPECT_EQ(streams->Save(stream.get(), TRUE), S_OK);
+  STATSTG state{};
+  stream->Stat(&state, STATFLAG_NONAME);
+  EXPECT_EQ(state.cbSize.QuadPart, 0u);
+  EXPECT_EQ(streams->Load(stream.get()), S_OK);
+  EXPECT_TRUE(form.site().controlAs<IPersistStorage>());
+  EXPECT_TRUE(form.site().controlAs<IPersistPropertyBag>());
+  ComPtr<IUnknown> safety;
+  constexpr GUID objectSafety{
+      0xCB5BDC81, 0x93C1, 0x11CF, {0x8F, 0x20, 0x00, 0x80, 0x5F, 0x2C, 0xD0, 0x64}};
+  EXPECT_EQ(
+      form.site().control()->QueryInterface(objectSafety, std::bit_cast<void**>(safety.put())),
+      E_NOINTERFACE);
+}
+
+TEST(Container, DrawsItselfOnAnyTarget) {
+  TestForm form;
+  form.control()->put_text(Bstr{u"AB-100"}.get());
+  const auto view = form.site().controlAs<IViewObject2>();
+  const HDC memory = CreateCompatibleDC(nullptr);
+  const HDC screen = GetDC(nullptr);
+  const HBITMAP bitmap = CreateCompatibleBitmap(screen, 400, 100);
+  ReleaseDC(nullptr, screen);
+  const HGDIOBJ before = SelectObject(memory, bitmap);
+  const RECTL bounds{0, 0, 400, 48};
+  EXPECT_EQ(view->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, memory, &bounds, nullptr,
+                       nullptr, 0),
+            S_OK);
+  bool hasText = false;
+  for (int x = 4; x < 200; ++x)
+    for (int y = 4; y < 40; ++y) hasText |= GetPixel(memory, x, y) == GetSysColor(COLOR_WINDOWTEXT);
+  EXPECT_TRUE(hasText);
+  EXPECT_EQ(GetPixel(memory, 380, 20), GetSysColor(COLOR_WINDOW));
+  SelectObject(memory, before);
+  DeleteObject(bitmap);
+  DeleteDC(memory);
+}
+
+TEST(Container, QuickActivationAndConnections) {
+  const auto control = create<IQuickActivate>(CLSID_keyscoutControl);
+  const auto site = makeObject<ControlSite>(HWND{});
+  int events = 0;
+  const auto sink = makeObject<EventSink>([&](DISPID, DISPPARAMS&) { ++events; });
+  QACONTAINER container{};
+  container.cbSize = sizeof container;
+  container.pClientSite = site.get();
+  container.pUnkEventSink = sink.get();
+  QACONTROL answer{};
+  answer.cbSize = sizeof answer;
+  ASSERT_EQ(control->QuickActivate(&container, &answer), S_OK);
+  EXPECT_EQ(answer.dwMiscStatus, 131473u);
+  ComPtr<_keyscoutControl>::from(control.get())->put_text(Bstr{u"x"}.get());
+  EXPECT_EQ(events, 2);
+
+  ComPtr<IEnumConnectionPoints> points;
+  const auto source = ComPtr<IConnectionPointContainer>::from(control.get());
+  ASSERT_EQ(source->EnumConnectionPoints(points.put()), S_OK);
+  ComPtr<IConnectionPoint> first;
+  ULONG fetched = 0;
+  ASSERT_EQ(points->Next(1, first.put(), &fetched), S_OK);
+  IID id{};
+  first->GetConnectionInterface(&id);
+  EXPECT_EQ(id, DIID___keyscoutControl);
+  ComPtr<IEnumConnections> connections;
+  ASSERT_EQ(first->EnumConnections(connections.put()), S_OK);
+  CONNECTDATA data{};
+  EXPECT_EQ(connections->Next(1, &data, &fetched), S_OK);
+  EXPECT_EQ(data.dwCookie, answer.dwEventCookie);
+  data.pUnk->Release();
+  EXPECT_EQ(first->Unadvise(answer.dwEventCookie), S_OK);
+  EXPECT_EQ(first->Unadvise(answer.dwEventCookie), CONNECT_E_NOCONNECTION);
+  ComPtr<IOleObject>::from(control.get())->SetClientSite(nullptr);
+}
+
+}  // namespace
+}  // namespace keyscout

@@ -1,0 +1,209 @@
+// Real keys and a real mouse on the control in a container.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <bit>
+
+#include "support/test_form.h"
+
+namespace keyscout {
+namespace {
+
+using Events = std::vector<std::string>;
+
+LRESULT selection(TestForm& form) { return SendMessageW(form.combo(), CB_GETCURSEL, 0, 0); }
+
+bool hasScrollBar(HWND window) { return (GetWindowLongPtrW(window, GWL_STYLE) & WS_VSCROLL) != 0; }
+
+RECT onScreen(HWND window) {
+  RECT rectangle{};
+  GetWindowRect(window, &rectangle);
+  return rectangle;
+}
+
+TEST(Input, TypingOpensTheListBelowTheTextBox) {
+  TestForm form;
+  form.enter();
+  form.type("ab");
+  EXPECT_EQ(form.takeEvents(), (Events{"KeyDown 65 0", "needBrand", "Change", "KeyUp 65 0",
+                                       "KeyDown 66 0", "needBrand", "Change", "KeyUp 66 0"}));
+  ASSERT_TRUE(form.isOpen());
+  EXPECT_EQ(form.entries().size(), 9u);
+  EXPECT_EQ(form.entries()[0], "AB-100");
+  EXPECT_EQ(GetFocus(), form.edit());
+  EXPECT_FALSE(hasScrollBar(form.dropDown()));
+
+  const RECT list = onScreen(form.dropDown());
+  const RECT box = onScreen(form.edit());
+  const RECT behind = onScreen(form.combo());
+  EXPECT_EQ(behind.bottom, box.bottom) << "the part that the text box hides";
+  EXPECT_EQ(list.left, box.left);
+  EXPECT_EQ(list.right, box.right);
+  EXPECT_LE(std::abs(list.top - box.bottom), 1);
+  const auto row = static_cast<int>(SendMessageW(form.dropDown(), LB_GETITEMHEIGHT, 0, 0));
+  EXPECT_EQ((list.bottom - list.top) / row, 9);
+}
+
+TEST(Input, AListThatGetsShorterWhileOpenIsSizedAgain) {
+  TestForm form;
+  form.enter();
+  form.type("cd-11");
+  ASSERT_TRUE(form.isOpen());
+  const LONG before = onScreen(form.dropDown()).bottom;
+  form.type("5");  // five numbers are left, and fillers up to eight
+  ASSERT_TRUE(form.isOpen());
+  EXPECT_EQ(form.entries().size(), 8u);
+  const auto row = static_cast<LONG>(SendMessageW(form.dropDown(), LB_GETITEMHEIGHT, 0, 0));
+  EXPECT_EQ(onScreen(form.dropDown()).bottom, before - row);
+}
+
+TEST(Input, WalkingTheListPastItsNinthEntryAndAccepting) {
+  TestForm form;
+  form.enter();
+  form.type("ab");
+  form.key(VK_DOWN);
+  EXPECT_NE(GetFocus(), form.edit());
+  EXPECT_EQ(selection(form), 0);
+  form.takeEvents();
+  form.key(VK_NEXT);
+  EXPECT_EQ(selection(form), 8);
+  EXPECT_EQ(form.entries().size(), 9u);
+  form.key(VK_DOWN);
+  EXPECT_EQ(form.entries().size(), 18u);
+  EXPECT_EQ(selection(form), 9);
+  EXPECT_TRUE(hasScrollBar(form.dropDown()));
+  EXPECT_EQ(form.takeEvents(), Events{}) << "the list's keys stay inside the control";
+  form.key(VK_RETURN);
+  EXPECT_EQ(form.text(), "AB-109");
+  EXPECT_FALSE(form.isOpen());
+  EXPECT_EQ(GetFocus(), form.edit());
+  EXPECT_EQ(form.takeEvents(), (Events{"brandChanged BOLT", "needBrand", "Change", "KeyUp 13 0"}));
+}
+
+struct LeavingKey {
+  const char* name;
+  WORD key;
+  WORD modifier;
+  bool fromList;
+};
+
+TEST(Input, KeysThatCloseTheList) {
+  for (const LeavingKey& with : {LeavingKey{"Up in the text box", VK_UP, 0, false},
+                                 LeavingKey{"Enter in the text box", VK_RETURN, 0, false},
+                                 LeavingKey{"Alt+Up in the text box", VK_UP, VK_MENU, false},
+                                 LeavingKey{"Up on the first entry", VK_UP, 0, true},
+                                 LeavingKey{"Alt+Up in the list", VK_UP, VK_MENU, true},
+                                 LeavingKey{"Escape in the list", VK_ESCAPE, 0, true}}) {
+    SCOPED_TRACE(with.name);
+    TestForm form;
+    form.enter();
+    form.type("ab");
+    if (with.fromList) form.key(VK_DOWN);
+    ASSERT_TRUE(form.isOpen());
+    form.key(with.key, with.modifier);
+    VARIANT_BOOL showing = VARIANT_TRUE;
+    form.control()->get_isListShowing(&showing);
+    EXPECT_FALSE(showing);
+    EXPECT_FALSE(form.dropDown() && IsWindowVisible(form.dropDown()));
+    EXPECT_EQ(form.text(), "ab");
+  }
+}
+
+TEST(Input, AClickOnAnEntryAcceptsIt) {
+  TestForm form;
+  form.enter();
+  form.type("ab");
+  form.takeEvents();
+  form.click(form.entryOnScreen(3));
+  EXPECT_EQ(form.text(), "AB-103");
+  EXPECT_FALSE(form.isOpen());
+  EXPECT_EQ(GetFocus(), form.edit());
+  EXPECT_EQ(form.takeEvents(), (Events{"brandChanged BOLT", "needBrand", "Change"}));
+}
+
+TEST(Input, AClickBesideTheListClosesIt) {
+  TestForm form;
+  form.enter();
+  form.type("ab");
+  const RECT window = onScreen(form.window());
+  form.click({window.right - 20, window.bottom - 20});
+  VARIANT_BOOL showing = VARIANT_TRUE;
+  form.control()->get_isListShowing(&showing);
+  EXPECT_FALSE(showing);
+  EXPECT_FALSE(form.dropDown() && IsWindowVisible(form.dropDown()));
+  EXPECT_EQ(form.text(), "ab");
+  form.type("-");
+  EXPECT_TRUE(form.isOpen());
+}
+
+TEST(Input, AKeyThatTheHostTakesAwayTypesNothing) {
+  TestForm form;
+  form.enter();
+  form.onEvent = [](const std::string& name, DISPPARAMS& arguments) {
+    if (name == "KeyDown") *arguments.rgvarg[1].piVal = 0;
+  };
+  form.type("a");
+  EXPECT_EQ(form.text(), "");
+  EXPECT_EQ(form.takeEvents(), (Events{"KeyDown 65 0", "KeyUp 65 0"}));
+}
+
+TEST(Input, TheFocusLeavesForAnotherFieldAndComesBack) {
+  TestForm form{2};
+  form.enter(0);
+  form.type("ab");
+  ASSERT_TRUE(form.combo(0));
+  SetFocus(form.otherField());
+  form.pump();
+  EXPECT_FALSE(form.isOpen(0));
+  form.enter(0);
+  EXPECT_TRUE(form.combo(0)) << "a list waits with the focus";
+  form.enter(1);
+  EXPECT_FALSE(form.combo(0)) << "and goes with it";
+  form.type("cd");
+  EXPECT_TRUE(form.isOpen(1));
+  EXPECT_EQ(form.text(0), "ab");
+  EXPECT_EQ(form.text(1), "cd");
+}
+
+TEST(Input, TheWheelScrollsTheOpenList) {
+  TestForm form;
+  form.enter();
+  form.type("ab");
+  form.key(VK_DOWN);
+  form.key(VK_NEXT);
+  form.key(VK_DOWN);
+  form.key(VK_PRIOR);
+  form.key(VK_PRIOR);
+  ASSERT_EQ(SendMessageW(form.dropDown(), LB_GETTOPINDEX, 0, 0), 0);
+  SendMessageW(GetFocus(), WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-WHEEL_DELTA)), 0);
+  EXPECT_GT(SendMessageW(form.dropDown(), LB_GETTOPINDEX, 0, 0), 0);
+  EXPECT_EQ(selection(form), 0);
+}
+
+TEST(Input, HoveringSelectsNothing) {
+  TestForm form;
+  form.enter();
+  form.type("ab");
+  const POINT at = form.entryOnScreen(4);
+  SetCursorPos(at.x, at.y);
+  form.pump();
+  form.key(VK_RETURN);
+  EXPECT_EQ(form.text(), "ab") << "the entry under the pointer was not chosen";
+  EXPECT_FALSE(form.isOpen());
+}
+
+TEST(Input, MouseReportsOfTheTextBox) {
+  TestForm form;
+  form.enter();
+  const RECT box = onScreen(form.edit());
+  form.click({box.left + 12, box.top + 8});
+  const Events events = form.takeEvents();
+  ASSERT_EQ(events.size(), 3u);
+  EXPECT_EQ(events[0].substr(0, 13), "MouseDown 1 0");
+  EXPECT_EQ(events[1].substr(0, 11), "MouseUp 1 0");
+  EXPECT_EQ(events[2], "Click");
+}
+
+}  // namespace
+}  // namespace keyscout
