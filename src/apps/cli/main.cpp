@@ -12,12 +12,27 @@
 #include "apps/cli/try/try_command.h"
 #endif
 
+namespace {
+
+/// What was wrong with the arguments, and where to read how they are meant.
+std::string argumentFailure(const CLI::App* app, const CLI::Error& failure) {
+  std::string command = "keyscout";
+  for (const CLI::App* const named : app->get_subcommands()) command += ' ' + named->get_name();
+  const auto unknown = app->remaining();
+  const std::string sentence =
+      unknown.empty() ? failure.what() : "there is no command " + unknown.front();
+  return command + ": " + sentence + "\nRun " + command + " --help for how it is used.\n";
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
   using namespace keyscout;
 
   CLI::App app{"Looks up product catalog numbers as they are typed."};
   app.name("keyscout");
   app.require_subcommand(1);
+  app.failure_message(argumentFailure);
 
   // Each command registers its arguments and leaves its exit status here.
   int status = ExitStatus::success;

@@ -57,6 +57,7 @@ void addPackCommand(CLI::App& app, int& status) {
       ->check(noSign);
   command->add_option("--index", options->indexName, "The name of the index file")
       ->capture_default_str();
+  command->footer("Example:\n  keyscout pack parts.txt /var/lib/catalog");
   command->callback([options, &status] { status = pack(*options); });
 }
 
