@@ -37,17 +37,21 @@ k.brand = "ACME"
 Check "brand", k.brand, "ACME"
 Check "isListShowing", k.isListShowing, False
 k.hideList
-k.doit
 k.lockKeyscout
 Check "KeyscoutLocked", c.KeyscoutLocked, True
 c.KeyscoutLocked = False
 On Error Resume Next
+k.doit
+Check "doit without a list", Err.Number, 91
+Err.Clear
 k.selStart = -1
 Check "selStart -1", Err.Number, 380
 Err.Clear
 k.ForeColor = "red"
 Check "ForeColor red", Err.Number, 13
 Err.Clear
+c.KeyscoutDirectory = "C:\windows"
+c.KeyscoutIndexFile = "missing.txt"
 c.needToUpdate 7
 Check "needToUpdate", Err.Number, 53
 Err.Clear
