@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "apps/cli/host/interruption.h"
 #include "apps/cli/pack/pack_catalog.h"
 #include "apps/cli/progress_bar.h"
 #include "apps/cli/terminal.h"
@@ -30,11 +31,16 @@ std::string noSign(const std::string& text) {
 }
 
 int pack(const PackOptions& options) try {
+  // Stopped half-way, a pack still takes its staging folder away and says so in the control file.
+  Interruption::watch();
   PackSummary summary;
   {
     ProgressBar bar{std::cerr, isTerminal(StandardStream::error)};
-    summary = packCatalog(options, [&](std::string_view step, std::uint64_t done,
-                                       std::uint64_t total) { bar.show(step, done, total); });
+    summary =
+        packCatalog(options, [&](std::string_view step, std::uint64_t done, std::uint64_t total) {
+          Interruption::check();
+          bar.show(step, done, total);
+        });
   }
   print(summary, options.directory);
   return ExitStatus::success;
