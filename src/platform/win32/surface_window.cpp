@@ -25,8 +25,11 @@ void Win32Surface::createWindow() {
     description.lpszClassName = className;
     surfaceClass = RegisterClassExW(&description);
   }
-  CreateWindowExW(WS_EX_CONTROLPARENT, className, L"", WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS,
-                  0, 0, 0, 0, HWND_MESSAGE, nullptr, thisInstance(), this);
+  // Out of sight there is no host to tell of windows that come and go; the system's own window,
+  // which is their parent there, belongs to another process.
+  CreateWindowExW(WS_EX_CONTROLPARENT | WS_EX_NOPARENTNOTIFY, className, L"",
+                  WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+                  thisInstance(), this);
 }
 
 void Win32Surface::unregisterClass() noexcept {

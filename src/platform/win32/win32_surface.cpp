@@ -68,6 +68,7 @@ void Win32Surface::observe(SurfaceReports* surface, TextBoxReports* textBox) {
 
 bool Win32Surface::placeOn(HWND parent, const RECT& at) {
   if (!window_ || !SetParent(window_, parent)) return false;
+  tellParent(true);
   refreshFont();
   moveTo(at);
   ShowWindow(window_, SW_SHOWNA);
@@ -99,6 +100,13 @@ void Win32Surface::park() {
   if (!window_) return;
   ShowWindow(window_, SW_HIDE);
   SetParent(window_, HWND_MESSAGE);
+  tellParent(false);
+}
+
+void Win32Surface::tellParent(bool tell) {
+  const LONG_PTR style = GetWindowLongPtrW(window_, GWL_EXSTYLE);
+  constexpr LONG_PTR quiet = WS_EX_NOPARENTNOTIFY;
+  SetWindowLongPtrW(window_, GWL_EXSTYLE, tell ? style & ~quiet : style | quiet);
 }
 
 SIZE Win32Surface::size() const {

@@ -40,6 +40,23 @@ k.hideList
 k.lockKeyscout
 Check "KeyscoutLocked", c.KeyscoutLocked, True
 c.KeyscoutLocked = False
+Dim list, item, names
+Set list = CreateObject("Keyscout.BrandList")
+list.Add "bolt"
+list.Add "ACME", "a text"
+Check "list.Count", list.Count, 2
+Check "list.Item by brand", list.Item("BOLT").Brand, "bolt"
+Check "list.Item by number", list.Item(2), "a text"
+For Each item In list
+    names = names & TypeName(item) & " "
+Next
+Check "For Each", names, "_BrandItem String "
+k.setAuthorizedBrands list
+Check "authorizedBrands", c.authorizedBrands.Count, 2
+list.Remove "acme"
+Check "list.Remove", c.authorizedBrands.Count, 1
+k.setAuthorizedBrands Nothing
+Check "no authorizedBrands", c.authorizedBrands Is Nothing, True
 On Error Resume Next
 k.doit
 Check "doit without a list", Err.Number, 91
