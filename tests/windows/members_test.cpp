@@ -147,6 +147,10 @@ TEST(TypeLibrary, EventsRecordsAndErrorNumbers) {
     if (kind != TKIND_ENUM) continue;
     ComPtr<ITypeInfo> codes;
     library->GetTypeInfo(i, codes.put());
+    TYPEATTR* attributes = nullptr;
+    ASSERT_EQ(codes->GetTypeAttr(&attributes), S_OK);
+    EXPECT_FALSE(attributes->guid == GUID_NULL) << "hosts refer to the numbers by it";
+    codes->ReleaseTypeAttr(attributes);
     for (UINT v = 0; v < 7; ++v) {
       VARDESC* value = nullptr;
       ASSERT_EQ(codes->GetVarDesc(v, &value), S_OK);

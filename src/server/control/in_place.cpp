@@ -39,7 +39,10 @@ void ControlObject::activateUi() {
   if (uiActive_ || !inPlaceSite_) return;
   const auto site = inPlaceSite_;
   uiActive_ = true;
-  require(site->OnUIActivate());
+  if (const HRESULT answer = site->OnUIActivate(); FAILED(answer)) {
+    uiActive_ = false;
+    throw ComFailure{answer};
+  }
   // Telling the container may have ended it all.
   if (!uiActive_) return;
   if (!surface_.hasFocus()) surface_.takeFocus();
