@@ -67,18 +67,13 @@ HRESULT Invocation::run(void* object, VARIANT* result, EXCEPINFO* exception, UIN
     if (wrongArgument) *wrongArgument = place;
     return DISP_E_TYPEMISMATCH;
   }
-  Function function{info_, id_, flags_};
   // Hosts may set an object property without saying that it is an object.
-  if (!function.description() && (flags_ & DISPATCH_PROPERTYPUT)) {
-    flags_ = DISPATCH_PROPERTYPUTREF;
-    Function reference{info_, id_, flags_};
-    if (reference.description()) require(prepare(*reference.description(), wrongArgument));
-  } else if (function.description()) {
-    const HRESULT prepared = prepare(*function.description(), wrongArgument);
-    if (FAILED(prepared)) return prepared;
-  } else {
-    return DISP_E_MEMBERNOTFOUND;
-  }
+  const bool sets = (flags_ & DISPATCH_PROPERTYPUT) != 0;
+  if (sets && !Function{info_, id_, flags_}.description()) flags_ = DISPATCH_PROPERTYPUTREF;
+  const Function function{info_, id_, flags_};
+  if (!function.description()) return DISP_E_MEMBERNOTFOUND;
+  const HRESULT prepared = prepare(*function.description(), wrongArgument);
+  if (FAILED(prepared)) return prepared;
 
   DISPPARAMS arguments = given_;
   arguments.rgvarg = arguments_.data();
