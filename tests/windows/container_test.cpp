@@ -54,20 +54,26 @@ TEST(Container, KeysThatTheControlNeedsAreItsOwn) {
   TestForm form;
   form.enter();
   const auto active = form.site().controlAs<IOleInPlaceActiveObject>();
+  const Calls passedOn{"TranslateAccelerator"};
+  const Calls listClosed{"OnControlInfoChanged"};
   struct Case {
     WORD key;
     bool open;
     bool used;
+    Calls calls;
   };
   for (const Case& with :
-       {Case{VK_DOWN, false, true}, Case{VK_NEXT, false, true}, Case{VK_TAB, false, false},
-        Case{VK_RETURN, false, false}, Case{VK_ESCAPE, false, false}, Case{VK_TAB, true, false},
-        Case{VK_RETURN, true, true}, Case{VK_ESCAPE, true, true}}) {
+       {Case{VK_DOWN, false, true, {}}, Case{VK_NEXT, false, true, {}},
+        Case{VK_TAB, false, false, passedOn}, Case{VK_RETURN, false, false, passedOn},
+        Case{VK_ESCAPE, false, false, passedOn}, Case{VK_TAB, true, false, passedOn},
+        Case{VK_RETURN, true, true, listClosed}, Case{VK_ESCAPE, true, true, {}}}) {
     SCOPED_TRACE(with.key);
     if (with.open && !form.isOpen()) {
       form.control()->put_text(nullptr);
+      form.takeCalls();
       form.type("ab");
       ASSERT_TRUE(form.isOpen());
+      EXPECT_EQ(form.takeCalls(), (Calls{"OnControlInfoChanged"}));
     }
     CONTROLINFO info{};
     info.cb = sizeof info;
@@ -75,6 +81,7 @@ TEST(Container, KeysThatTheControlNeedsAreItsOwn) {
     EXPECT_EQ(info.dwFlags != 0, with.open);
     MSG message{form.edit(), WM_KEYDOWN, with.key, 1, 0, {}};
     EXPECT_EQ(active->TranslateAccelerator(&message), with.used ? S_OK : S_FALSE);
+    EXPECT_EQ(form.takeCalls(), with.calls);
   }
 }
 

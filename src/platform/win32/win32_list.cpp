@@ -225,7 +225,9 @@ void Win32List::onNotification(WORD code) {
       if (isClick) report([](DropDownListReports& to) { to.clicked(); });
       break;
     }
+    case CBN_DROPDOWN: surface_.wantedKeysChanged(); break;
     case CBN_CLOSEUP:
+      surface_.wantedKeysChanged();
       if (closingByCode_ == 0 && !choosing_) surface_.listClosedByUser();
       break;
     case CBN_EDITCHANGE: report([](DropDownListReports& to) { to.editChanged(); }); break;

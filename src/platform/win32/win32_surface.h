@@ -24,6 +24,8 @@ class SurfaceOwner {
 
   /// The user closed the drop-down without choosing anything.
   virtual void listClosedByUser() noexcept = 0;
+  /// The drop-down opened or closed, and with it the keys change that the surface wants.
+  virtual void wantedKeysChanged() noexcept = 0;
   /// The focus came to one of the surface's windows, or left them all.
   virtual void focusCame() noexcept = 0;
   virtual void focusLeft() noexcept = 0;
@@ -94,6 +96,7 @@ class Win32Surface final : public ControlSurface, public BusyCount, private Focu
   void focusCame(FocusPlace place);
   void focusGoes(HWND next);
   void listClosedByUser();
+  void wantedKeysChanged() { owner_.wantedKeysChanged(); }
   /// Whether the list is open; if so it has scrolled by the wheel message given.
   bool scrollList(WPARAM wParam, LPARAM lParam);
   /// Runs `move`, which takes the focus away from the list, and leaves the list open if it was.

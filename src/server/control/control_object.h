@@ -163,6 +163,7 @@ class ControlObject final
   void workBegins() noexcept override { AddRef(); }
   void workEnds() noexcept override { Release(); }
   void listClosedByUser() noexcept override { control_.hideList(); }
+  void wantedKeysChanged() noexcept override;
   void focusCame() noexcept override;
   void focusLeft() noexcept override;
 

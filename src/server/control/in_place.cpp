@@ -90,6 +90,10 @@ void ControlObject::focusLeft() noexcept {
   });
 }
 
+void ControlObject::wantedKeysChanged() noexcept {
+  if (const auto site = ComPtr<IOleControlSite>::from(site_.get())) site->OnControlInfoChanged();
+}
+
 HRESULT ControlObject::GetWindow(HWND* result) {
   return call([&] {
     target(result) = inPlaceSite_ ? surface_.window() : nullptr;
