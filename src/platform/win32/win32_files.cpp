@@ -8,15 +8,32 @@
 namespace keyscout {
 namespace {
 
-Error fileFailure(DWORD code) {
+bool isDirectory(const std::wstring& path) {
+  const DWORD attributes = GetFileAttributesW(path.c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
+}
+
+bool isInDirectory(const std::wstring& path) {
+  const auto separator = path.find_last_of(L"\\/");
+  return separator == path.npos || isDirectory(path.substr(0, separator + 1));
+}
+
+Error fileFailure(DWORD code, const std::wstring& path) {
   const auto number = [&] {
     switch (code) {
-      case ERROR_FILE_NOT_FOUND: return PlatformError::fileNotFound;
+      // The system has several reasons for a name that leads nowhere, and draws its own line
+      // between file and path.
+      case ERROR_FILE_NOT_FOUND:
       case ERROR_PATH_NOT_FOUND:
+      case ERROR_INVALID_NAME:
+      case ERROR_INVALID_DRIVE:
       case ERROR_BAD_NETPATH:
-      case ERROR_INVALID_DRIVE: return PlatformError::pathNotFound;
+      case ERROR_BAD_NET_NAME:
+        return isInDirectory(path) ? PlatformError::fileNotFound : PlatformError::pathNotFound;
       case ERROR_ACCESS_DENIED:
-      case ERROR_SHARING_VIOLATION: return PlatformError::permissionDenied;
+      case ERROR_SHARING_VIOLATION:
+        // It says so of a directory too, which nobody could be allowed to read as a file.
+        return isDirectory(path) ? PlatformError::fileAccess : PlatformError::permissionDenied;
       case ERROR_NOT_ENOUGH_MEMORY:
       case ERROR_OUTOFMEMORY: return PlatformError::outOfMemory;
       default: return PlatformError::fileAccess;
@@ -32,7 +49,7 @@ class Win32File final : public SequentialFile {
       : handle_(CreateFileW(path.c_str(), GENERIC_READ,
                             FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                             OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr)) {
-    if (handle_ == INVALID_HANDLE_VALUE) throw fileFailure(GetLastError());
+    if (handle_ == INVALID_HANDLE_VALUE) throw fileFailure(GetLastError(), path);
     if (GetFileType(handle_) == FILE_TYPE_DISK) return;
     CloseHandle(handle_);
     throw platformFailure(PlatformError::fileAccess, u"Files");
@@ -63,9 +80,10 @@ bool Win32Files::exists(StringView path) {
 }
 
 std::chrono::sys_seconds Win32Files::lastModified(StringView path) {
+  const std::wstring wide = toWide(path);
   WIN32_FILE_ATTRIBUTE_DATA data{};
-  if (!GetFileAttributesExW(toWide(path).c_str(), GetFileExInfoStandard, &data))
-    throw fileFailure(GetLastError());
+  if (!GetFileAttributesExW(wide.c_str(), GetFileExInfoStandard, &data))
+    throw fileFailure(GetLastError(), wide);
   ULARGE_INTEGER ticks{};
   ticks.LowPart = data.ftLastWriteTime.dwLowDateTime;
   ticks.HighPart = data.ftLastWriteTime.dwHighDateTime;

@@ -7,6 +7,7 @@
 #include "apps/cli/check/index_check.h"
 #include "apps/cli/check/start_up_check.h"
 #include "apps/cli/check/table_check.h"
+#include "apps/cli/path_text.h"
 #include "platform/error.h"
 
 namespace keyscout {
@@ -46,7 +47,7 @@ void compareLetterCase(const CheckedDirectory& directory, const std::vector<Inde
 CheckSummary checkCatalog(Files& files, const DataDirectory& names, const FindingReport& report,
                           const CheckProgress& progress) {
   if (!std::filesystem::is_directory(names.path))
-    throw std::runtime_error(shownPath(names.path) + " is not a directory.");
+    throw std::runtime_error(pathText(names.path) + " is not a directory.");
   const CheckedDirectory directory{files, withDownloadFound(names), report, progress,
                                    windows1252()};
   checkStartUp(directory);

@@ -9,6 +9,7 @@
 #include "apps/cli/exit_status.h"
 #include "apps/cli/host/interruption.h"
 #include "apps/cli/native_files.h"
+#include "apps/cli/path_text.h"
 #include "apps/cli/progress_bar.h"
 #include "apps/cli/terminal.h"
 
@@ -84,7 +85,7 @@ void addCheckCommand(CLI::App& app, int& status) {
       "cannot be read.\n\n"
       "Example:\n  keyscout check /var/lib/catalog");
   command->callback([=, &status] {
-    directory->path = *path;
+    directory->path = pathOf(*path);
     status = check(*directory, *asJson);
   });
 }

@@ -1,16 +1,17 @@
 #include "apps/cli/check/checked_directory.h"
 
+#include "apps/cli/path_text.h"
 #include "platform/utf8.h"
 
 namespace keyscout {
 
 std::unique_ptr<SequentialFile> CheckedDirectory::open(std::string_view name) const {
-  return files.open(fromUtf8(shownPath(names.path)) + u'\\' + fromUtf8(name));
+  return files.open(fromUtf8(pathText(names.path)) + u'\\' + fromUtf8(name));
 }
 
 std::uint64_t CheckedDirectory::sizeOf(std::string_view name) const {
   std::error_code failure;
-  const auto size = std::filesystem::file_size(names.path / name, failure);
+  const auto size = std::filesystem::file_size(names.path / pathOf(name), failure);
   return failure ? 0 : size;
 }
 

@@ -1,6 +1,7 @@
 #include "apps/cli/check/start_up_check.h"
 
 #include "apps/cli/host/catalog_host.h"
+#include "apps/cli/path_text.h"
 #include "platform/utf8.h"
 
 namespace keyscout {
@@ -35,7 +36,7 @@ void checkStartUp(const CheckedDirectory& directory) {
             [&] { return controller.checkCatalogControlFile(); });
   const std::string& download = directory.names.downloadFile;
   if (download.empty()) {
-    directory.error(shownPath(directory.names.path), 1,
+    directory.error(pathText(directory.names.path), 1,
                     "holds no catalog download: no file in it begins with the line "
                     "FORMAT=[INDEX(10)][CATALOG(60)][BRAND(50)]");
     return;

@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "apps/cli/path_text.h"
 #include "platform/utf8.h"
 #include "shared/keyscout_module.h"
 
@@ -16,7 +17,7 @@ CatalogHost::CatalogHost(Files& files, MessageBox& messageBox)
 CatalogHost::~CatalogHost() = default;
 
 void CatalogHost::configure(const DataDirectory& directory) {
-  controller_.setKeyscoutDirectory(fromUtf8(shownPath(directory.path)));
+  controller_.setKeyscoutDirectory(fromUtf8(pathText(directory.path)));
   controller_.setKeyscoutIndexFile(fromUtf8(directory.indexFile));
   // A host always names a download; that there is none is then for the controller to say.
   const std::string& download = directory.downloadFile;
@@ -25,7 +26,7 @@ void CatalogHost::configure(const DataDirectory& directory) {
 }
 
 void CatalogHost::start(const DataDirectory& directory) {
-  const std::string path = shownPath(directory.path);
+  const std::string path = pathText(directory.path);
   const auto refuse = [&](const std::string& why) {
     throw std::runtime_error(onOneLine(why) + "\n  To see what is wrong: keyscout check " + path);
   };

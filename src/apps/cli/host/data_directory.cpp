@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "apps/cli/path_text.h"
+
 namespace keyscout {
 namespace {
 
@@ -28,15 +30,10 @@ DataDirectory withDownloadFound(DataDirectory directory) {
   std::vector<std::string> found;
   for (const auto& entry : std::filesystem::directory_iterator{directory.path})
     if (entry.is_regular_file() && beginsWithHeader(entry.path()))
-      found.push_back(shownPath(entry.path().filename()));
+      found.push_back(pathText(entry.path().filename()));
   // The order in which a directory is listed is nobody's choice.
   if (!found.empty()) directory.downloadFile = *std::ranges::min_element(found);
   return directory;
-}
-
-std::string shownPath(const std::filesystem::path& path) {
-  const std::u8string text = path.u8string();
-  return {text.begin(), text.end()};
 }
 
 }  // namespace keyscout

@@ -19,7 +19,4 @@ struct DataDirectory {
 /// the directory cannot be read.
 DataDirectory withDownloadFound(DataDirectory directory);
 
-/// `path` in UTF-8, as messages show it.
-std::string shownPath(const std::filesystem::path& path);
-
 }  // namespace keyscout

@@ -11,7 +11,7 @@ volatile std::sig_atomic_t pendingSignal = 0;
 extern "C" void keepSignal(int signal) { pendingSignal = signal; }
 
 #ifdef _WIN32
-constexpr std::array watched{SIGINT, SIGTERM};
+constexpr std::array watched{SIGINT, SIGTERM, SIGBREAK};
 
 void setHandler(int signal, void (*handler)(int)) { std::signal(signal, handler); }
 #else

@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "apps/cli/host/catalog_host.h"
+#include "apps/cli/path_text.h"
 #include "control/keyscout_control.h"
 #include "platform/local/local_brand_list.h"
 #include "platform/utf8.h"
@@ -100,7 +101,7 @@ LookupAnswer lookUp(Files& files, const LookupRequest& request) {
   if (messageBox.wasShown())
     throw std::runtime_error("The lookup failed: " + host.takeFailure() +
                              "\n  To see what is wrong: keyscout check " +
-                             shownPath(request.directory.path));
+                             pathText(request.directory.path));
 
   LookupAnswer answer = form.answer();
   if (request.count && answer.entries.size() > static_cast<std::size_t>(*request.count)) {

@@ -8,6 +8,7 @@
 #include "apps/cli/lookup/lookup.h"
 #include "apps/cli/lookup/lookup_output.h"
 #include "apps/cli/native_files.h"
+#include "apps/cli/path_text.h"
 
 namespace keyscout {
 namespace {
@@ -61,7 +62,7 @@ void addLookupCommand(CLI::App& app, int& status) {
       "Exits with 1 where nothing is listed, with 2 where the directory cannot be used.\n\n"
       "Example:\n  keyscout lookup /var/lib/catalog AB-1 --brand ACME --count 20");
   command->callback([=, &status] {
-    request->directory.path = *path;
+    request->directory.path = pathOf(*path);
     status = run(*request, *asJson);
   });
 }

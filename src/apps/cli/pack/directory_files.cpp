@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "apps/cli/pack/pack_error.h"
+#include "apps/cli/path_text.h"
 #include "platform/letter_case.h"
 #include "platform/utf8.h"
 #include "shared/keyscout_module.h"

@@ -3,6 +3,7 @@
 #include <string>
 #include <system_error>
 
+#include "apps/cli/path_text.h"
 #include "lookup/catalog_line.h"
 #include "platform/code_page.h"
 #include "platform/error.h"

@@ -7,6 +7,7 @@
 
 #include "apps/cli/host/interruption.h"
 #include "apps/cli/pack/pack_catalog.h"
+#include "apps/cli/path_text.h"
 #include "apps/cli/progress_bar.h"
 #include "apps/cli/terminal.h"
 
@@ -52,19 +53,26 @@ int pack(const PackOptions& options) try {
 }  // namespace
 
 void addPackCommand(CLI::App& app, int& status) {
-  auto options = std::make_shared<PackOptions>();
+  const auto options = std::make_shared<PackOptions>();
+  const auto download = std::make_shared<std::string>();
+  const auto directory = std::make_shared<std::string>();
+  const auto indexName = std::make_shared<std::string>(pathText(options->indexName));
   CLI::App* command = app.add_subcommand("pack", "Make a data directory from a catalog download");
-  command->add_option("DOWNLOAD", options->download, "The catalog download")->required();
-  command->add_option("DIR", options->directory, "The data directory, made where there is none")
+  command->add_option("DOWNLOAD", *download, "The catalog download")->required();
+  command->add_option("DIR", *directory, "The data directory, made where there is none")
       ->required();
   command
       ->add_option("--lines", options->linesPerTable,
                    "Lines of a table; otherwise 200, or more where 1001 tables would not do")
       ->check(noSign);
-  command->add_option("--index", options->indexName, "The name of the index file")
-      ->capture_default_str();
+  command->add_option("--index", *indexName, "The name of the index file")->capture_default_str();
   command->footer("Example:\n  keyscout pack parts.txt /var/lib/catalog");
-  command->callback([options, &status] { status = pack(*options); });
+  command->callback([=, &status] {
+    options->download = pathOf(*download);
+    options->directory = pathOf(*directory);
+    options->indexName = pathOf(*indexName);
+    status = pack(*options);
+  });
 }
 
 }  // namespace keyscout

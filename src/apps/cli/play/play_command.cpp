@@ -6,6 +6,7 @@
 
 #include "apps/cli/exit_status.h"
 #include "apps/cli/native_files.h"
+#include "apps/cli/path_text.h"
 #include "apps/cli/play/scripted_host.h"
 #include "apps/cli/play/session_view.h"
 #include "apps/cli/terminal.h"
@@ -45,7 +46,7 @@ int play(std::istream& script, Show show) {
 }
 
 int playFile(const std::string& path, Show show) {
-  std::ifstream script{path, std::ios::binary};
+  std::ifstream script{pathOf(path), std::ios::binary};
   const bool isReadable = script.is_open() && (script.peek(), !script.bad());
   if (isReadable) {
     script.clear();

@@ -8,6 +8,7 @@
 #include "apps/cli/exit_status.h"
 #include "apps/cli/host/interruption.h"
 #include "apps/cli/native_files.h"
+#include "apps/cli/path_text.h"
 #include "apps/cli/terminal.h"
 #include "apps/cli/try/try_host.h"
 
@@ -62,7 +63,7 @@ void addTryCommand(CLI::App& app, int& status) {
       "F1 shows the keys. The directory is never written to.\n\n"
       "Example:\n  keyscout try /var/lib/catalog");
   command->callback([=, &status] {
-    directory->path = *path;
+    directory->path = pathOf(*path);
     status = run(*directory);
   });
 }

@@ -4,6 +4,7 @@
 
 #include "apps/cli/host/interruption.h"
 #include "apps/cli/pack/pack_catalog.h"
+#include "apps/cli/path_text.h"
 #include "apps/cli/try/dialog.h"
 #include "apps/cli/try/text_columns.h"
 #include "platform/utf8.h"
@@ -50,7 +51,7 @@ struct TryHost::Stage {
 
 TryHost::TryHost(Files& files, DataDirectory directory)
     : directory_(withDownloadFound(std::move(directory))),
-      givenPath_(shownPath(directory_.path)),
+      givenPath_(pathText(directory_.path)),
       title_(givenPath_),
       damaged_(files),
       metered_(damaged_),

@@ -1,3 +1,5 @@
+#include "apps/cli/program.h"
+
 #include <CLI/CLI.hpp>
 #include <exception>
 #include <iostream>
@@ -12,6 +14,7 @@
 #include "apps/cli/try/try_command.h"
 #endif
 
+namespace keyscout {
 namespace {
 
 /// What was wrong with the arguments, and where to read how they are meant.
@@ -26,9 +29,7 @@ std::string argumentFailure(const CLI::App* app, const CLI::Error& failure) {
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  using namespace keyscout;
-
+int runProgram(int argc, const char* const* argv) {
   CLI::App app{"Looks up product catalog numbers as they are typed."};
   app.name("keyscout");
   app.require_subcommand(1);
@@ -54,12 +55,13 @@ int main(int argc, char** argv) {
   } catch (const CLI::ParseError& failure) {
     return app.exit(failure) == 0 ? ExitStatus::success : ExitStatus::unusable;
   } catch (const Interruption&) {
-    Interruption::finish();
+    // The signal is still pending: the caller ends the program by it.
   } catch (const std::exception& failure) {
     std::cerr << "keyscout: " << failure.what() << '\n';
     return ExitStatus::unusable;
   }
   std::cout.flush();
-  Interruption::finish();
   return status;
 }
+
+}  // namespace keyscout
