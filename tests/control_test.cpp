@@ -68,10 +68,10 @@ TEST_F(Control, MovesBetweenTextAndListByKeys) {
       {"shifted down", {{KeyCodes::down, 1}}, "text", -1, true, {"KeyDown(40,1)", "KeyUp(40,1)"}},
       {"alt", {{65, alt}}, "text", -1, false, {"KeyDown(65,4)", "KeyUp(65,4)"}},
       {"alt and ctrl", {{65, alt | 2}}, "text", -1, true, {"KeyDown(65,6)", "KeyUp(65,6)"}},
-      {"page down",
-       {{KeyCodes::down, 0}, {KeyCodes::pageDown, 0}},
+      {"page down to the last",  // how long a page is, is the list's own
+       {{KeyCodes::down, 0}, {KeyCodes::pageDown, 0}, {KeyCodes::pageDown, 0}},
        "list",
-       7,
+       8,
        true,
        {"KeyDown(40)"}},
       {"back up",
@@ -86,11 +86,11 @@ TEST_F(Control, MovesBetweenTextAndListByKeys) {
        0,
        false,
        {"KeyDown(40)", "KeyUp(38,4)"}},
-      {"escape in the list",
-       {{KeyCodes::down, 0}, {KeyCodes::escape, 0}},
+      {"alt down in the list",
+       {{KeyCodes::down, 0}, {KeyCodes::down, alt}},
        "list",
        0,
-       true,
+       false,
        {"KeyDown(40)"}},
   };
   for (const Case& c : cases) {
@@ -108,6 +108,18 @@ TEST_F(Control, MovesBetweenTextAndListByKeys) {
     EXPECT_EQ(control->events.take(), c.events) << c.name;
     EXPECT_EQ(control->text(), "a") << c.name;
   }
+}
+
+TEST_F(Control, KnowsWhetherEscapeClosedTheList) {
+  stage.type(u"a");
+  press({{KeyCodes::down, 0}});
+  control->events.take();
+  press({{KeyCodes::escape, 0}});
+  EXPECT_EQ(control->isDropped(), static_cast<bool>(control->control.isListShowing()));
+  EXPECT_EQ(control->selected(), 0);
+  EXPECT_EQ(focus(), "list");
+  EXPECT_EQ(control->text(), "a");
+  EXPECT_EQ(control->events.take(), Strings{});
 }
 
 TEST_F(Control, AcceptsFromTheListAndByClick) {
@@ -256,6 +268,16 @@ TEST_F(Control, LetsTheHostSwallowAKey) {
   EXPECT_EQ(control->text(), "a") << "what the host writes back is what the text box processes";
 }
 
+TEST_F(Control, GivesEachPartOfAKeyToWhatHasTheFocusThen) {
+  const auto other = stage.addControl();
+  control->events.handlers["KeyDown"] = [&] { stage.focus(*other); };
+  stage.type(u"a");
+  EXPECT_EQ(control->events.take(), (Strings{"KeyDown(65)"}));
+  EXPECT_EQ(other->events.take(), (Strings{"needBrand", "Change", "KeyUp(65)"}));
+  EXPECT_EQ(control->text(), "");
+  EXPECT_EQ(other->text(), "a");
+}
+
 TEST_F(Control, KeepsTheListWhileItIsNeeded) {
   EXPECT_EQ(control->control.keyscoutList() != nullptr, true);
   stage.form->leaveFocus();
@@ -282,17 +304,25 @@ TEST_F(Control, KeepsTheListWhileItIsNeeded) {
 }
 
 TEST_F(Control, ForwardsTheMouse) {
+  // The middle button, since the left one may make a click of its release.
+  constexpr std::int16_t middle = 4;
   stage.type(u"a");
   control->events.take();
-  for (const auto report :
-       {MouseReport::down, MouseReport::move, MouseReport::click, MouseReport::doubleClick})
-    control->surface->mouse(report, 1, 0, 5, 5);
+  for (const auto report : {MouseReport::down, MouseReport::move})
+    control->surface->mouse(report, middle, Modifier::ctrl, 5, 7);
   EXPECT_TRUE(control->isDropped());
   control->events.handlers["MouseUp"] = [&] { EXPECT_TRUE(control->isDropped()); };
-  control->surface->mouse(MouseReport::up, 1, 0, 5, 5);
+  control->surface->mouse(MouseReport::up, middle, Modifier::ctrl, 5, 7);
   EXPECT_FALSE(control->isDropped());
-  EXPECT_EQ(control->events.take(),
-            (Strings{"MouseDown", "MouseMove", "Click", "DblClick", "MouseUp"}));
+  EXPECT_EQ(control->events.take(), (Strings{"MouseDown(4,2,5,7)", "MouseMove(4,2,5,7)",
+                                             "MouseUp(4,2,5,7)"}));
+  control->events.handlers.clear();
+  const std::pair<MouseReport, std::string> clicks[] = {{MouseReport::click, "Click"},
+                                                        {MouseReport::doubleClick, "DblClick"}};
+  for (const auto& [report, event] : clicks) {
+    control->surface->mouse(report, 1, 0, 5, 7);
+    EXPECT_EQ(control->events.take().back(), event);
+  }
 }
 
 TEST_F(Control, HasProperties) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -36,6 +37,10 @@ class PlayableSurface : public ControlSurface {
   /// A mouse report of the text box.
   virtual void mouse(MouseReport report, std::int16_t button, std::int16_t shift, float x,
                      float y) = 0;
+
+  /// Names who is told when the person closed the list without choosing from it, as by Escape: not
+  /// the control, so a host closes its list then. Never called by toolkits that cannot do that.
+  virtual void whenListIsClosed(std::function<void()> /*tell*/) {}
 };
 
 /// A form and the person before it. Keys and pasted text go to what has the focus, and are lost

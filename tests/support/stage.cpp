@@ -1,5 +1,7 @@
 #include "support/stage.h"
 
+#include <cmath>
+
 #include "platform/thread_slot.h"
 #include "platform/utf8.h"
 
@@ -8,6 +10,12 @@ namespace {
 
 std::string keyArguments(std::int16_t keyCode, std::int16_t shift) {
   return std::to_string(keyCode) + (shift == 0 ? "" : "," + std::to_string(shift));
+}
+
+std::string mouseArguments(std::int16_t button, std::int16_t shift, float x, float y) {
+  std::string arguments = std::to_string(button) + "," + std::to_string(shift);
+  for (const float place : {x, y}) arguments += "," + std::to_string(std::lround(place));
+  return arguments;
 }
 
 std::unique_ptr<HookedFiles> hooked(Files& files, CallHook* hook) {
@@ -45,6 +53,18 @@ void EventLog::KeyDown(std::int16_t& KeyCode, std::int16_t& Shift) {
 
 void EventLog::KeyUp(std::int16_t& KeyCode, std::int16_t& Shift) {
   raised("KeyUp", keyArguments(KeyCode, Shift));
+}
+
+void EventLog::MouseDown(std::int16_t& Button, std::int16_t& Shift, float& X, float& Y) {
+  raised("MouseDown", mouseArguments(Button, Shift, X, Y));
+}
+
+void EventLog::MouseMove(std::int16_t& Button, std::int16_t& Shift, float& X, float& Y) {
+  raised("MouseMove", mouseArguments(Button, Shift, X, Y));
+}
+
+void EventLog::MouseUp(std::int16_t& Button, std::int16_t& Shift, float& X, float& Y) {
+  raised("MouseUp", mouseArguments(Button, Shift, X, Y));
 }
 
 Strings StagedControl::entries() const {

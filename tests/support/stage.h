@@ -56,9 +56,9 @@ class EventLog final : public keyscoutControlEvents {
   void brandChanged(String& strBrand) override;
   void needBrand() override { raised("needBrand"); }
   void KeyDown(std::int16_t& KeyCode, std::int16_t& Shift) override;
-  void MouseDown(std::int16_t&, std::int16_t&, float&, float&) override { raised("MouseDown"); }
-  void MouseMove(std::int16_t&, std::int16_t&, float&, float&) override { raised("MouseMove"); }
-  void MouseUp(std::int16_t&, std::int16_t&, float&, float&) override { raised("MouseUp"); }
+  void MouseDown(std::int16_t& Button, std::int16_t& Shift, float& X, float& Y) override;
+  void MouseMove(std::int16_t& Button, std::int16_t& Shift, float& X, float& Y) override;
+  void MouseUp(std::int16_t& Button, std::int16_t& Shift, float& X, float& Y) override;
   void Click() override { raised("Click"); }
   void DblClick() override { raised("DblClick"); }
   void KeyUp(std::int16_t& KeyCode, std::int16_t& Shift) override;
@@ -72,7 +72,9 @@ class EventLog final : public keyscoutControlEvents {
 /// One control on a form, as a host has it and a person sees it.
 struct StagedControl {
   StagedControl(Platform& platform, PlayableForm& form)
-      : surface(form.addSurface()), control(platform, *surface, events) {}
+      : surface(form.addSurface()), control(platform, *surface, events) {
+    surface->whenListIsClosed([this] { control.hideList(); });
+  }
 
   /// What stands in the list; empty while there is none.
   Strings entries() const;

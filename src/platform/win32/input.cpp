@@ -29,6 +29,20 @@ std::int16_t modifierMask() {
                                    mask(VK_CONTROL, Modifier::ctrl) + mask(VK_MENU, Modifier::alt));
 }
 
+HeldModifiers::HeldModifiers(std::int16_t mask) {
+  GetKeyboardState(before_.data());
+  std::array<BYTE, 256> keys = before_;
+  const auto hold = [&](std::size_t key, std::int16_t modifier) {
+    keys[key] = (mask & modifier) ? 0x80 : 0;
+  };
+  hold(VK_SHIFT, Modifier::shift);
+  hold(VK_CONTROL, Modifier::ctrl);
+  hold(VK_MENU, Modifier::alt);
+  SetKeyboardState(keys.data());
+}
+
+HeldModifiers::~HeldModifiers() { SetKeyboardState(before_.data()); }
+
 MouseInput mouseInput(UINT message, WPARAM wParam, LPARAM lParam) {
   using Kind = MouseInput::Kind;
   const POINT at{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};

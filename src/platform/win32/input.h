@@ -2,12 +2,25 @@
 
 #include <windows.h>
 
+#include <array>
 #include <cstdint>
 
 namespace keyscout {
 
 /// The shift keys that are down with the input being worked on, as `Modifier`s.
 std::int16_t modifierMask();
+
+/// While it lives, the shift keys of `mask` and no others are down, as the thread's windows see it.
+class HeldModifiers {
+ public:
+  explicit HeldModifiers(std::int16_t mask);
+  ~HeldModifiers();
+  HeldModifiers(const HeldModifiers&) = delete;
+  HeldModifiers& operator=(const HeldModifiers&) = delete;
+
+ private:
+  std::array<BYTE, 256> before_{};
+};
 
 /// Whether `message` is one of a mouse over a window, and what it says in the units of reports.
 struct MouseInput {

@@ -282,7 +282,11 @@ LRESULT Win32List::onKeyDown(UINT message, WPARAM wParam, LPARAM lParam) {
   report([&](DropDownListReports& to) { to.keyDown(keyCode, shift); });
   // What is left for the combo box to do with a key is to move its selection or to close. A key
   // that took the focus elsewhere has done its work, and Enter only closes what it accepts from.
-  const bool isDone = keyCode == 0 || keyCode == KeyCodes::enter || GetFocus() != edit_.window();
+  // Alt with an arrow would open the list that it has just closed.
+  const bool toggles =
+      message == WM_SYSKEYDOWN && (keyCode == KeyCodes::down || keyCode == KeyCodes::up);
+  const bool isDone =
+      keyCode == 0 || keyCode == KeyCodes::enter || toggles || GetFocus() != edit_.window();
   swallowCharacter_ = isDone;
   if (isDone) return 0;
   return edit_.original(message, static_cast<std::uint16_t>(keyCode), lParam);

@@ -19,7 +19,10 @@ class Win32List final : public DropDownList {
   ~Win32List();
 
   HWND window() const { return combo_.window(); }
+  /// The part that drops down, a window of its own on the screen.
+  HWND dropDownWindow() const { return dropDown_.window(); }
   bool isDropped() const;
+  bool redraws() const { return redraws_; }
   /// Takes the list out of sight for good; its reports end.
   void retire();
   /// Takes on the font and the width of the text box.

@@ -228,15 +228,23 @@ LRESULT Win32TextBox::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 LRESULT Win32TextBox::onKeyDown(UINT message, WPARAM wParam, LPARAM lParam) {
   auto keyCode = static_cast<std::int16_t>(wParam);
   std::int16_t shift = modifierMask();
+  const bool hadFocus = GetFocus() == window();
   report([&](TextBoxReports& observer) { observer.keyDown(keyCode, shift); });
-  // The character that the key was translated to is on its way already.
-  swallowCharacter_ = keyCode == 0;
-  if (swallowCharacter_) return 0;
-  return original(message, static_cast<std::uint16_t>(keyCode), lParam);
+  const bool movedFocus = hadFocus && GetFocus() != window();
+  const bool hasOtherCode = keyCode != static_cast<std::int16_t>(wParam);
+  // The character that the key was translated to is on its way to this window already.
+  const bool drops = keyCode == 0 || (hasOtherCode && wParam == VK_BACK);
+  character_ = drops ? Character::drop : movedFocus ? Character::handOn : Character::take;
+  if (keyCode == 0) return 0;
+  const LRESULT result = original(message, static_cast<std::uint16_t>(keyCode), lParam);
+  // An edit window erases at the character of Backspace, not at its key.
+  if (hasOtherCode && keyCode == KeyCodes::backspace) original(WM_CHAR, VK_BACK, lParam);
+  return result;
 }
 
 LRESULT Win32TextBox::onCharacter(UINT message, WPARAM wParam, LPARAM lParam) {
-  if (swallowCharacter_) return 0;
+  if (character_ == Character::drop) return 0;
+  if (character_ == Character::handOn) return SendMessageW(GetFocus(), message, wParam, lParam);
   if (message != WM_CHAR) return original(message, wParam, lParam);
   auto character = static_cast<std::int16_t>(wParam);
   report([&](TextBoxReports& observer) { observer.keyPress(character); });
@@ -245,7 +253,7 @@ LRESULT Win32TextBox::onCharacter(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 LRESULT Win32TextBox::onKeyUp(UINT message, WPARAM wParam, LPARAM lParam) {
-  swallowCharacter_ = false;
+  character_ = Character::take;
   auto keyCode = static_cast<std::int16_t>(wParam);
   std::int16_t shift = modifierMask();
   report([&](TextBoxReports& observer) { observer.keyUp(keyCode, shift); });

@@ -74,7 +74,9 @@ class Win32TextBox final : public TextBox, private Subclass {
   Boolean bold_;
   String toolTipText_;
   HWND toolTip_ = nullptr;  // owned by the edit window
-  bool swallowCharacter_ = false;
+  /// What is to be done with the character of the key that is down.
+  enum class Character { take, drop, handOn };
+  Character character_ = Character::take;
 };
 
 }  // namespace keyscout
