@@ -10,6 +10,10 @@ _keyscout() {
     return
   fi
   case $previous in
+    --widgets)
+      COMPREPLY=($(compgen -W "memory win32" -- "$current"))
+      return
+      ;;
     # What these take is known to the user alone.
     --brand | --authorized | --count | --lines | --index | --download) return ;;
   esac
@@ -17,7 +21,7 @@ _keyscout() {
     check) options="--json --index --download" ;;
     lookup) options="--brand --authorized --count --json --index --download" ;;
     pack) options="--lines --index" ;;
-    play) options="--view" ;;
+    play) options="--view --widgets" ;;
     try) options="--index --download" ;;
     *) options="" ;;
   esac

@@ -45,6 +45,11 @@ run nosuch
 [ "$status" -eq 2 ] || fail "an unknown command exits with $status"
 says err "there is no command nosuch"
 
+# This program is none of Windows.
+run play --widgets win32
+[ "$status" -eq 2 ] || fail "real widgets that are not there end play with $status"
+says err "was not built for Windows"
+
 # A reader that has gone ends a long list of findings without a word.
 mkdir "$work/catalog"
 printf '%0250d\r\n' 0 >"$work/catalog/catindex.txt"

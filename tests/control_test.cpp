@@ -303,6 +303,17 @@ TEST_F(Control, KeepsTheListWhileItIsNeeded) {
   EXPECT_FALSE(control->control.isListShowing()) << "the surface's own loss only clears the flag";
 }
 
+TEST_F(Control, RemovesAClosedListThatGetsTheFocus) {
+  stage.focus(*control, FocusPlace::list);
+  EXPECT_EQ(control->control.keyscoutList(), nullptr);
+  EXPECT_EQ(focus(), "-") << "nothing has the focus then";
+  stage.type(u"a");
+  EXPECT_EQ(control->events.take(), Strings{});
+  stage.focus(*control);
+  stage.type(u"a");
+  EXPECT_EQ(control->text(), "a");
+}
+
 TEST_F(Control, ForwardsTheMouse) {
   // The middle button, since the left one may make a click of its release.
   constexpr std::int16_t middle = 4;

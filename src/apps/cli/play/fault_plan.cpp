@@ -7,10 +7,15 @@
 namespace keyscout {
 
 bool FaultPlan::knows(std::string_view operation) {
+  static constexpr std::string_view others[] = {"openFile", "readLine", "enterProcedure",
+                                                "exitProcedure"};
+  return isOnWidget(operation) || std::ranges::find(others, operation) != std::end(others);
+}
+
+bool FaultPlan::isOnWidget(std::string_view operation) {
   static constexpr std::string_view operations[] = {
-      "append",     "removeFirst", "clear",          "entryText",    "select",
-      "entryCount", "setFocus",    "setText",        "showDropDown", "setRedraw",
-      "openFile",   "readLine",    "enterProcedure", "exitProcedure"};
+      "append",     "removeFirst", "clear",   "entryText",    "select",
+      "entryCount", "setFocus",    "setText", "showDropDown", "setRedraw"};
   return std::ranges::find(operations, operation) != std::end(operations);
 }
 

@@ -13,6 +13,8 @@ class FaultPlan final : public CallHook {
  public:
   /// True when `operation` names a call that can be made to fail.
   static bool knows(std::string_view operation);
+  /// True when it names one of a widget.
+  static bool isOnWidget(std::string_view operation);
 
   /// The `at`-th call of `operation` from now on will fail, counted from 1.
   void failAt(std::string operation, int at) { faults_.push_back({std::move(operation), at}); }

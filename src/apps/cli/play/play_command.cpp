@@ -29,9 +29,9 @@ Json answer(ScriptedHost& host, const std::string& line) {
   return result;
 }
 
-int play(std::istream& script, Show show) {
+int play(std::istream& script, Show show, Widgets widgets) {
   NativeFiles files;
-  ScriptedHost host{files};
+  ScriptedHost host{files, widgets};
   SessionView view{host, std::cout, isTerminal(StandardStream::output)};
   int status = ExitStatus::success;
   std::string line;
@@ -45,12 +45,12 @@ int play(std::istream& script, Show show) {
   return status;
 }
 
-int playFile(const std::string& path, Show show) {
+int playFile(const std::string& path, Show show, Widgets widgets) {
   std::ifstream script{pathOf(path), std::ios::binary};
   const bool isReadable = script.is_open() && (script.peek(), !script.bad());
   if (isReadable) {
     script.clear();
-    return play(script, show);
+    return play(script, show, widgets);
   }
   std::cerr << "keyscout play: cannot read " << path << "; name a script of JSON Lines\n";
   return ExitStatus::unusable;
@@ -65,10 +65,23 @@ void addPlayCommand(CLI::App& app, int& status) {
   command->add_option("SCRIPT", *script, "The script to play; standard input where none is named");
   const auto showsSession = std::make_shared<bool>(false);
   command->add_flag("--view", *showsSession, "Show the session as a person would see it");
+  const auto kind = std::make_shared<std::string>("memory");
+  command
+      ->add_option("--widgets", *kind,
+                   "The widgets to play on: in memory, or the real ones of Windows, win32")
+      ->check(CLI::IsMember({"memory", "win32"}))
+      ->capture_default_str();
   command->footer("Example:\n  echo '{\"op\":\"shared\"}' | keyscout play");
-  command->callback([script, showsSession, &status] {
+  command->callback([script, showsSession, kind, &status] {
+    const Widgets widgets = *kind == "win32" ? Widgets::win32 : Widgets::memory;
+    if (!hasWidgets(widgets)) {
+      std::cerr << "keyscout play: this program was not built for Windows, so it has no widgets "
+                   "win32; play on --widgets memory\n";
+      status = ExitStatus::unusable;
+      return;
+    }
     const Show show = *showsSession ? Show::session : Show::answers;
-    status = script->empty() ? play(std::cin, show) : playFile(*script, show);
+    status = script->empty() ? play(std::cin, show, widgets) : playFile(*script, show, widgets);
   });
 }
 

@@ -41,7 +41,9 @@ ScriptedControl::ScriptedControl(std::string name, Platform& platform, PlayableF
       happenings_(happenings),
       handlers_(handlers),
       surface_(form.addSurface()),
-      control_(platform, *surface_, *this) {}
+      control_(platform, *surface_, *this) {
+  surface_->whenListIsClosed([this] { control_.hideList(); });
+}
 
 Json ScriptedControl::state() const {
   const TextBox& textBox = surface_->textBox();

@@ -60,9 +60,11 @@ Json asJson(const std::optional<KeyedCollection<String>>& collection) {
 
 }  // namespace
 
-ScriptedHost::ScriptedHost(Files& files)
-    : files_(files, faults_), platform_{files_,     clock_,      windows1252(),
-                                        textRules_, messageBox_, library_} {}
+ScriptedHost::ScriptedHost(Files& files, Widgets widgets)
+    : widgets_(widgets),
+      form_(makeForm(widgets, faults_)),
+      files_(files, faults_),
+      platform_{files_, clock_, windows1252(), textRules_, messageBox_, library_} {}
 
 ScriptedHost::~ScriptedHost() {
   controls_.clear();
@@ -123,7 +125,7 @@ Json ScriptedHost::run(const std::string& line) {
 
 Json ScriptedHost::focusedState() const {
   for (const auto& [name, control] : controls_)
-    if (&control->surface() == form_.focusedSurface()) return control->state();
+    if (&control->surface() == form_->focusedSurface()) return control->state();
   return nullptr;
 }
 
@@ -160,7 +162,7 @@ Json ScriptedHost::newControl(const Json& command) {
   if (controls_.contains(control))
     throw Malformed("there is a control \"" + control + "\" already");
   controls_[control] =
-      std::make_unique<ScriptedControl>(control, platform_, form_, happenings_, handlers_);
+      std::make_unique<ScriptedControl>(control, platform_, *form_, happenings_, handlers_);
   return nullptr;
 }
 
@@ -191,24 +193,24 @@ Json ScriptedHost::resizeControl(const Json& command) {
 
 Json ScriptedHost::moveFocus(const Json& command) {
   if (require(command, "control").is_null()) {
-    form_.leaveFocus();
+    form_->leaveFocus();
     return nullptr;
   }
   static const std::map<std::string, FocusPlace> places{
       {"text", FocusPlace::textBox}, {"list", FocusPlace::list}, {"surface", FocusPlace::surface}};
   PlayableSurface& surface = named(command).surface();
   const std::string widget = command.contains("widget") ? name(command, "widget") : "text";
-  form_.moveFocus(surface, choose(places, widget));
+  form_->moveFocus(surface, choose(places, widget));
   return nullptr;
 }
 
 Json ScriptedHost::type(const Json& command) {
-  for (const char16_t character : toText(require(command, "text"))) form_.type(character);
+  for (const char16_t character : toText(require(command, "text"))) form_->type(character);
   return nullptr;
 }
 
 Json ScriptedHost::paste(const Json& command) {
-  form_.paste(toText(require(command, "text")));
+  form_->paste(toText(require(command, "text")));
   return nullptr;
 }
 
@@ -218,8 +220,8 @@ Json ScriptedHost::pressKey(const Json& command) {
   const std::string phase = command.contains("phase") ? name(command, "phase") : "both";
   if (phase != "both" && phase != "down" && phase != "up")
     throw Malformed("a key's phase is \"down\" or \"up\"");
-  if (phase != "up") form_.keyDown(keyCode, shift);
-  if (phase != "down") form_.keyUp(keyCode, shift);
+  if (phase != "up") form_->keyDown(keyCode, shift);
+  if (phase != "down") form_->keyUp(keyCode, shift);
   return nullptr;
 }
 
@@ -267,6 +269,8 @@ Json ScriptedHost::planFault(const Json& command) {
   const std::string operation = name(command, "operation");
   const std::int16_t at = toInt16(require(command, "at"));
   if (!FaultPlan::knows(operation)) throw Malformed("\"" + operation + "\" cannot be made to fail");
+  if (widgets_ != Widgets::memory && FaultPlan::isOnWidget(operation))
+    throw Malformed("calls of real widgets cannot be made to fail");
   if (at < 1) throw Malformed("calls are counted from 1");
   faults_.failAt(operation, at);
   return nullptr;

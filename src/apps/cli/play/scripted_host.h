@@ -8,9 +8,9 @@
 #include "apps/cli/play/event_handlers.h"
 #include "apps/cli/play/fault_plan.h"
 #include "apps/cli/play/scripted_control.h"
+#include "apps/cli/play/widgets.h"
 #include "controller/keyscout_controller.h"
 #include "platform/local/local_library.h"
-#include "platform/memory/form.h"
 #include "platform/memory/hooked_files.h"
 #include "platform/memory/hooked_trace.h"
 #include "platform/portable_text_rules.h"
@@ -22,7 +22,7 @@ namespace keyscout {
 /// form.
 class ScriptedHost {
  public:
-  explicit ScriptedHost(Files& files);
+  explicit ScriptedHost(Files& files, Widgets widgets = Widgets::memory);
   ~ScriptedHost();
   ScriptedHost(const ScriptedHost&) = delete;
   ScriptedHost& operator=(const ScriptedHost&) = delete;
@@ -39,7 +39,7 @@ class ScriptedHost {
 
   Json dispatch(const Json& command);
   ScriptedControl& named(const Json& command);
-  PlayableSurface* focused() const { return form_.focusedSurface(); }
+  PlayableSurface* focused() const { return form_->focusedSurface(); }
 
   Json setOnController(const Json& command);
   Json getFromController(const Json& command);
@@ -64,7 +64,8 @@ class ScriptedHost {
   Json shared(const Json& command);
 
   FaultPlan faults_;
-  Form form_{&faults_};
+  Widgets widgets_;
+  std::unique_ptr<PlayableForm> form_;
   HookedFiles files_;
   SystemClock clock_;
   PortableTextRules textRules_;

@@ -1,0 +1,25 @@
+#include "apps/cli/play/widgets.h"
+
+#include "platform/memory/form.h"
+#ifdef _WIN32
+#include "platform/win32/win32_form.h"
+#endif
+
+namespace keyscout {
+
+#ifdef _WIN32
+bool hasWidgets(Widgets /*widgets*/) { return true; }
+
+std::unique_ptr<PlayableForm> makeForm(Widgets widgets, CallHook& hook) {
+  if (widgets == Widgets::win32) return std::make_unique<Win32Form>();
+  return std::make_unique<Form>(&hook);
+}
+#else
+bool hasWidgets(Widgets widgets) { return widgets == Widgets::memory; }
+
+std::unique_ptr<PlayableForm> makeForm(Widgets /*widgets*/, CallHook& hook) {
+  return std::make_unique<Form>(&hook);
+}
+#endif
+
+}  // namespace keyscout
