@@ -325,8 +325,8 @@ TEST_F(Control, ForwardsTheMouse) {
   control->events.handlers["MouseUp"] = [&] { EXPECT_TRUE(control->isDropped()); };
   control->surface->mouse(MouseReport::up, middle, Modifier::ctrl, 5, 7);
   EXPECT_FALSE(control->isDropped());
-  EXPECT_EQ(control->events.take(), (Strings{"MouseDown(4,2,5,7)", "MouseMove(4,2,5,7)",
-                                             "MouseUp(4,2,5,7)"}));
+  EXPECT_EQ(control->events.take(),
+            (Strings{"MouseDown(4,2,5,7)", "MouseMove(4,2,5,7)", "MouseUp(4,2,5,7)"}));
   control->events.handlers.clear();
   const std::pair<MouseReport, std::string> clicks[] = {{MouseReport::click, "Click"},
                                                         {MouseReport::doubleClick, "DblClick"}};

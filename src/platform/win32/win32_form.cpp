@@ -43,10 +43,9 @@ char16_t characterOf(std::int16_t keyCode) {
 }  // namespace
 
 Win32Form::Win32Form()
-    : window_(CreateWindowExW(0, L"STATIC", L"Keyscout",
-                              WS_POPUP | WS_CAPTION | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0,
-                              formSize.cx, formSize.cy, nullptr, nullptr, thisInstance(),
-                              nullptr)) {
+    : window_(CreateWindowExW(
+          0, L"STATIC", L"Keyscout", WS_POPUP | WS_CAPTION | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0,
+          formSize.cx, formSize.cy, nullptr, nullptr, thisInstance(), nullptr)) {
   if (!window_) throw platformFailure(PlatformError::outOfMemory, u"Form");
 }
 
