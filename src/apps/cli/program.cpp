@@ -33,6 +33,7 @@ int runProgram(int argc, const char* const* argv) {
   CLI::App app{"Looks up product catalog numbers as they are typed."};
   app.name("keyscout");
   app.require_subcommand(1);
+  app.allow_windows_style_options(false);  // a path may begin with a slash everywhere
   app.failure_message(argumentFailure);
 
   // Each command registers its arguments and leaves its exit status here.
