@@ -1,0 +1,19 @@
+# One zip for Windows from both build trees: the library of each width with its programs in a folder
+# of its own, and beside them what is the same for both.
+set(host ${PROJECT_SOURCE_DIR}/src/apps/windows_host)
+configure_file(${host}/README.txt README.txt @ONLY NEWLINE_STYLE CRLF)
+install(FILES ${CMAKE_BINARY_DIR}/README.txt ${PROJECT_SOURCE_DIR}/samples/catalog.txt
+  DESTINATION . COMPONENT windows-common)
+install(FILES ${host}/scripts/lookup.vbs ${host}/scripts/lookup.js
+  DESTINATION scripts COMPONENT windows-common)
+
+set(build ${PROJECT_SOURCE_DIR}/build)
+set(CPACK_INSTALL_CMAKE_PROJECTS
+  "${build}/windows64" ${PROJECT_NAME} windows /x64
+  "${build}/windows32" ${PROJECT_NAME} windows /x86
+  "${build}/windows64" ${PROJECT_NAME} windows-common /)
+set(CPACK_GENERATOR ZIP)
+set(CPACK_PACKAGE_FILE_NAME keyscout-${PROJECT_VERSION}-windows)
+set(CPACK_INCLUDE_TOPLEVEL_DIRECTORY OFF)
+set(CPACK_STRIP_FILES ON)
+include(CPack)
