@@ -9,15 +9,14 @@
 #include <string>
 
 #include "apps/windows_host/host_form.h"
+#include "platform/win32/instance.h"
 #include "server/com/failures.h"
 
 namespace {
 
 std::wstring directoryBesideProgram() {
-  wchar_t path[MAX_PATH] = L"";
-  GetModuleFileNameW(nullptr, path, MAX_PATH);
-  std::wstring directory = path;
-  return directory.substr(0, directory.find_last_of(L'\\') + 1) + L"sample";
+  const std::wstring path = keyscout::pathOf(nullptr);
+  return path.substr(0, path.find_last_of(L'\\') + 1) + L"sample";
 }
 
 std::wstring directoryFromArguments() {

@@ -8,11 +8,8 @@
 namespace keyscout {
 
 ComPtr<ITypeLib> loadTypeLibrary() {
-  wchar_t path[MAX_PATH] = L"";
-  if (GetModuleFileNameW(thisInstance(), path, MAX_PATH) == 0)
-    throw ComFailure{TYPE_E_CANTLOADLIBRARY};
   ComPtr<ITypeLib> library;
-  require(LoadTypeLibEx(path, REGKIND_NONE, library.put()));
+  require(LoadTypeLibEx(pathOf(thisInstance()).c_str(), REGKIND_NONE, library.put()));
   return library;
 }
 
