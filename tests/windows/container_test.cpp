@@ -111,10 +111,6 @@ TEST(Container, AmbientPropertiesAreTakenOn) {
   form.site().controlAs<IOleControl>()->OnAmbientPropertyChange(DISPID_AMBIENT_USERMODE);
   EXPECT_FALSE(isEnabled()) << "the mouse is the designer's";
 
-  form.site().ambients[DISPID_AMBIENT_RIGHTTOLEFT] = number(-1);
-  form.site().controlAs<IOleControl>()->OnAmbientPropertyChange(DISPID_UNKNOWN);
-  EXPECT_TRUE(GetWindowLongPtrW(form.edit(), GWL_EXSTYLE) & WS_EX_RTLREADING);
-
   wchar_t fontName[] = L"Courier New";
   FONTDESC description{sizeof description, fontName, {}, 700, 0, FALSE, FALSE, FALSE};
   description.cySize.int64 = 200000;
@@ -175,29 +171,6 @@ TEST(Container, SavesAndLoadsNothing) {
   EXPECT_EQ(
       form.site().control()->QueryInterface(objectSafety, std::bit_cast<void**>(safety.put())),
       E_NOINTERFACE);
-}
-
-TEST(Container, DrawsItselfOnAnyTarget) {
-  TestForm form;
-  form.control()->put_text(Bstr{u"AB-100"}.get());
-  const auto view = form.site().controlAs<IViewObject2>();
-  const HDC memory = CreateCompatibleDC(nullptr);
-  const HDC screen = GetDC(nullptr);
-  const HBITMAP bitmap = CreateCompatibleBitmap(screen, 400, 100);
-  ReleaseDC(nullptr, screen);
-  const HGDIOBJ before = SelectObject(memory, bitmap);
-  const RECTL bounds{0, 0, 400, 48};
-  EXPECT_EQ(view->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, memory, &bounds, nullptr,
-                       nullptr, 0),
-            S_OK);
-  bool hasText = false;
-  for (int x = 4; x < 200; ++x)
-    for (int y = 4; y < 40; ++y) hasText |= GetPixel(memory, x, y) == GetSysColor(COLOR_WINDOWTEXT);
-  EXPECT_TRUE(hasText);
-  EXPECT_EQ(GetPixel(memory, 380, 20), GetSysColor(COLOR_WINDOW));
-  SelectObject(memory, before);
-  DeleteObject(bitmap);
-  DeleteDC(memory);
 }
 
 TEST(Container, QuickActivationAndConnections) {

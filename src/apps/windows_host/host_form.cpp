@@ -53,7 +53,8 @@ std::wstring textOf(const VARIANT& argument) {
 
 }  // namespace
 
-HostForm::HostForm(std::wstring directory) : directory_(std::move(directory)) {
+HostForm::HostForm(std::wstring directory, bool rightToLeft)
+    : directory_(std::move(directory)), rightToLeft_(rightToLeft) {
   WNDCLASSEXW description{};
   description.cbSize = sizeof description;
   description.lpfnWndProc = &procedure;
@@ -62,8 +63,9 @@ HostForm::HostForm(std::wstring directory) : directory_(std::move(directory)) {
   description.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
   description.lpszClassName = className;
   RegisterClassExW(&description);
+  const DWORD extendedStyle = WS_EX_CONTROLPARENT | (rightToLeft_ ? WS_EX_LAYOUTRTL : 0);
   window_ =
-      CreateWindowExW(WS_EX_CONTROLPARENT, className, L"Keyscout sample host",
+      CreateWindowExW(extendedStyle, className, L"Keyscout sample host",
                       WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN,
                       CW_USEDEFAULT, CW_USEDEFAULT, 0, 0, nullptr, nullptr, thisInstance(), this);
   if (!window_) throw ComFailure{E_OUTOFMEMORY};
@@ -71,7 +73,7 @@ HostForm::HostForm(std::wstring directory) : directory_(std::move(directory)) {
   font_ = CreateFontIndirectW(&font);
   RECT area{0, 0, scaled(520), scaled(360)};
   AdjustWindowRectEx(&area, WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX, FALSE,
-                     WS_EX_CONTROLPARENT);
+                     extendedStyle);
   SetWindowPos(window_, nullptr, scaled(80), scaled(60), area.right - area.left,
                area.bottom - area.top, SWP_NOZORDER | SWP_NOACTIVATE);
   addControls();
@@ -105,8 +107,7 @@ void HostForm::addControls() {
                brandId);
   SendMessageW(brand_, CB_ADDSTRING, 0, std::bit_cast<LPARAM>(&anyBrand));
   add(L"STATIC", L"The user may see (none: all)", 0, {280, 66, 504, 82});
-  authorized_ = add(L"LISTBOX", L"",
-                    WS_VSCROLL | WS_TABSTOP | LBS_MULTIPLESEL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
+  authorized_ = add(L"LISTBOX", L"", WS_VSCROLL | WS_TABSTOP | LBS_MULTIPLESEL | LBS_NOTIFY,
                     {280, 84, 400, 196}, authorizedId);
   for (const std::wstring& brand : brandsIn(directory_)) {
     SendMessageW(brand_, CB_ADDSTRING, 0, std::bit_cast<LPARAM>(brand.c_str()));
@@ -122,6 +123,9 @@ void HostForm::addControls() {
     const auto place = places[i];
     auto& site = sites_[static_cast<std::size_t>(i)];
     site = makeObject<ControlSite>(window_);
+    VARIANT& direction = site->ambients[DISPID_AMBIENT_RIGHTTOLEFT];
+    direction.vt = VT_BOOL;
+    direction.boolVal = toVariantBool(rightToLeft_);
     site->create(CLSID_keyscoutControl, {scaled(place.left), scaled(place.top), scaled(place.right),
                                          scaled(place.bottom)});
     const auto sink = makeObject<EventSink>(

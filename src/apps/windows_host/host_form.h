@@ -14,8 +14,9 @@ namespace keyscout {
 /// user may see, the lock, and a log of the events.
 class HostForm {
  public:
-  /// `directory` holds the catalog data.
-  explicit HostForm(std::wstring directory);
+  /// `directory` holds the catalog data. A form for languages that are written from right to left
+  /// has everything the other way round.
+  HostForm(std::wstring directory, bool rightToLeft);
   ~HostForm();
   HostForm(const HostForm&) = delete;
   HostForm& operator=(const HostForm&) = delete;
@@ -40,6 +41,7 @@ class HostForm {
   int scaled(int pixels) const;
 
   std::wstring directory_;
+  bool rightToLeft_;
   HWND window_ = nullptr;
   HWND brand_ = nullptr;
   HWND authorized_ = nullptr;

@@ -1,5 +1,5 @@
-// keyscout_host [DIRECTORY]: a form with two lookup controls on the catalog data in DIRECTORY, or
-// in the folder "sample" beside the program. keyscout.dll must be registered.
+// keyscout_host [--right-to-left] [DIRECTORY]: a form with two lookup controls on the catalog data
+// in DIRECTORY, or in the folder "sample" beside the program. keyscout.dll must be registered.
 
 #include <windows.h>
 
@@ -19,12 +19,24 @@ std::wstring directoryBesideProgram() {
   return path.substr(0, path.find_last_of(L'\\') + 1) + L"sample";
 }
 
-std::wstring directoryFromArguments() {
+struct Options {
+  std::wstring directory = directoryBesideProgram();
+  bool rightToLeft = false;
+};
+
+Options optionsFromArguments() {
+  Options options;
   int count = 0;
   wchar_t** const arguments = CommandLineToArgvW(GetCommandLineW(), &count);
-  std::wstring directory = count > 1 ? arguments[1] : directoryBesideProgram();
+  for (int i = 1; i < count; ++i) {
+    const std::wstring argument = arguments[i];
+    if (argument == L"--right-to-left")
+      options.rightToLeft = true;
+    else
+      options.directory = argument;
+  }
   LocalFree(arguments);
-  return directory;
+  return options;
 }
 
 }  // namespace
@@ -33,7 +45,8 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
   if (FAILED(OleInitialize(nullptr))) return 1;
   int status = 0;
   try {
-    keyscout::HostForm form{directoryFromArguments()};
+    const Options options = optionsFromArguments();
+    keyscout::HostForm form{options.directory, options.rightToLeft};
     form.run();
   } catch (const keyscout::ComFailure& failure) {
     const std::wstring text = L"The form could not be set up. Is keyscout.dll registered?\nError " +

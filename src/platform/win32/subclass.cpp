@@ -17,6 +17,12 @@ void Subclass::attach(HWND window) {
   original_ = std::bit_cast<WNDPROC>(before);
 }
 
+void Subclass::detach() {
+  SetWindowLongPtrW(window_, GWLP_WNDPROC, std::bit_cast<LONG_PTR>(original_));
+  RemovePropW(window_, propertyName);
+  window_ = nullptr;
+}
+
 bool Subclass::isAttached(HWND window) { return window && GetPropW(window, propertyName); }
 
 LRESULT Subclass::original(UINT message, WPARAM wParam, LPARAM lParam) {

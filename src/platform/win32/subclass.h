@@ -36,6 +36,8 @@ class Subclass {
 
   /// Begins with `window`, which must be destroyed before this object is.
   void attach(HWND window);
+  /// Leaves the window to itself, also while a message of it is being worked on.
+  void detach();
   /// Null before `attach` and once the window is destroyed.
   HWND window() const { return window_; }
 

@@ -66,6 +66,7 @@ LRESULT Win32Surface::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       if (reports_) {
         const FocusTracker::Hold handler{focusTracker()};
         reports_->resized();
+        if (list_ && list_->width() != textBox_.width()) list_->setWidth(textBox_.width());
       }
       return 0;
     case WM_SETFOCUS:
@@ -78,6 +79,11 @@ LRESULT Win32Surface::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_CTLCOLORSTATIC:
       if (std::bit_cast<HWND>(lParam) != textBox_.window()) break;
       return std::bit_cast<LRESULT>(textBox_.prepareDrawing(std::bit_cast<HDC>(wParam)));
+    case WM_DRAWITEM: {
+      const auto& item = *std::bit_cast<const DRAWITEMSTRUCT*>(lParam);
+      if (list_ && item.hwndItem == list_->window()) list_->drawEntry(item);
+      return TRUE;
+    }
     case WM_ERASEBKGND: eraseBackground(std::bit_cast<HDC>(wParam)); return 1;
     case WM_SYSCOLORCHANGE:
       textBox_.forgetColors();
@@ -107,9 +113,7 @@ void Win32Surface::onDestroy() {
   focusTracker().forget(*this);
   if (depth_ <= 1) return;
   if (list_) list_->retire();  // the control still refers to it
-  orphanedEdit_ = textBox_.window();
-  ShowWindow(orphanedEdit_, SW_HIDE);
-  SetParent(orphanedEdit_, HWND_MESSAGE);
+  retireEdit(textBox_.window());
 }
 
 void Win32Surface::eraseBackground(HDC target) {

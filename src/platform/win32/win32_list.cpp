@@ -27,22 +27,26 @@ RECT rectangleOf(HWND window) {
   return rectangle;
 }
 
+void setStyle(HWND window, int which, LONG_PTR bits, bool on) {
+  const LONG_PTR before = GetWindowLongPtrW(window, which);
+  SetWindowLongPtrW(window, which, on ? before | bits : before & ~bits);
+}
+
 int heightOf(const RECT& rectangle) { return rectangle.bottom - rectangle.top; }
 
 }  // namespace
 
-Win32List::Win32List(Win32Surface& surface, HWND parent, DropDownListReports& reports,
-                     bool rightToLeft)
+Win32List::Win32List(Win32Surface& surface, HWND parent, DropDownListReports& reports)
     : surface_(surface),
       reports_(&reports),
       combo_(*this, surface, &Win32List::onComboMessage),
       edit_(*this, surface, &Win32List::onEditMessage),
       dropDown_(*this, surface, &Win32List::onDropDownMessage) {
-  const DWORD direction = rightToLeft ? WS_EX_RTLREADING | WS_EX_RIGHT | WS_EX_LEFTSCROLLBAR : 0;
-  const HWND combo = CreateWindowExW(direction, L"COMBOBOX", L"",
-                                     WS_CHILD | WS_CLIPSIBLINGS | WS_VSCROLL | CBS_DROPDOWN |
-                                         CBS_AUTOHSCROLL | CBS_NOINTEGRALHEIGHT,
-                                     0, 0, 0, 0, parent, nullptr, thisInstance(), nullptr);
+  const HWND combo =
+      CreateWindowExW(0, L"COMBOBOX", L"",
+                      WS_CHILD | WS_CLIPSIBLINGS | WS_VSCROLL | CBS_DROPDOWN | CBS_AUTOHSCROLL |
+                          CBS_NOINTEGRALHEIGHT | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS,
+                      0, 0, 0, 0, parent, nullptr, thisInstance(), nullptr);
   if (!combo) throw platformFailure(PlatformError::outOfMemory, u"DropDownList");
   combo_.attach(combo);
   COMBOBOXINFO parts{};
@@ -52,6 +56,7 @@ Win32List::Win32List(Win32Surface& surface, HWND parent, DropDownListReports& re
     dropDown_.attach(parts.hwndList);
   }
   takeFont();
+  takeDirection();
 }
 
 Win32List::~Win32List() {
@@ -81,9 +86,14 @@ void Win32List::report(Report&& report) {
 bool Win32List::isDropped() const { return window() && send(CB_GETDROPPEDSTATE) != 0; }
 
 void Win32List::takeFont() {
+  rearrange([&] { fitToFont(); });
+}
+
+void Win32List::fitToFont() {
   send(WM_SETFONT, std::bit_cast<WPARAM>(surface_.font()), TRUE);
   // The part that the text box hides is as high as the text box, so the list begins below it.
   constexpr WPARAM selectionField = static_cast<WPARAM>(-1);
+  send(CB_SETITEMHEIGHT, 0, lineHeight(surface_.font()));
   fitDropDown();
   auto fieldHeight = static_cast<int>(send(CB_GETITEMHEIGHT, selectionField));
   // What is set comes out a little larger on some systems: the second round corrects that.
@@ -96,6 +106,31 @@ void Win32List::takeFont() {
   fitDropDown();
 }
 
+void Win32List::takeDirection() {
+  const HWND list = dropDown_.window();
+  rearrange([&] {
+    setStyle(list, GWL_EXSTYLE, WS_EX_RIGHT | WS_EX_LEFTSCROLLBAR, surface_.isRightToLeft());
+    SetWindowPos(list, nullptr, 0, 0, 0, 0,
+                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+  });
+}
+
+/// Entries begin where the text box's text does, which list boxes of the system do not.
+void Win32List::drawEntry(const DRAWITEMSTRUCT& item) const {
+  const bool isSelected = (item.itemState & ODS_SELECTED) != 0;
+  FillRect(item.hDC, &item.rcItem, GetSysColorBrush(isSelected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+  const auto entry = static_cast<std::int16_t>(item.itemID);
+  if (!isEntry(entry)) return;
+  const std::wstring text = toWide(entryText(entry));
+  RECT area = item.rcItem;
+  InflateRect(&area, -(surface_.textInset() - GetSystemMetrics(SM_CXBORDER)), 0);
+  SetBkMode(item.hDC, TRANSPARENT);
+  SetTextColor(item.hDC, GetSysColor(isSelected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
+  const UINT direction = surface_.isRightToLeft() ? DT_RIGHT : DT_LEFT;
+  DrawTextW(item.hDC, text.data(), static_cast<int>(text.size()), &area,
+            DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_NOCLIP | direction);
+}
+
 void Win32List::setLeft(float left) {
   at_.x = static_cast<LONG>(left);
   fitDropDown();
@@ -105,13 +140,14 @@ void Win32List::setTop(float top) {
   fitDropDown();
 }
 void Win32List::setWidth(float width) {
-  width_ = static_cast<int>(width);
-  fitDropDown();
+  rearrange([&] {
+    width_ = static_cast<int>(width);
+    fitDropDown();
+  });
 }
 
 void Win32List::setTabStop(Boolean tabStop) {
-  const LONG_PTR style = GetWindowLongPtrW(window(), GWL_STYLE);
-  SetWindowLongPtrW(window(), GWL_STYLE, tabStop ? style | WS_TABSTOP : style & ~WS_TABSTOP);
+  setStyle(window(), GWL_STYLE, WS_TABSTOP, tabStop ? true : false);
 }
 
 void Win32List::setVisible(Boolean visible) { ShowWindow(window(), visible ? SW_SHOWNA : SW_HIDE); }
@@ -293,6 +329,8 @@ LRESULT Win32List::onKeyDown(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 LRESULT Win32List::onDropDownMessage(Part& part, UINT message, WPARAM wParam, LPARAM lParam) {
+  // A scroll bar that comes or goes on the left moves what is drawn already.
+  if (message == WM_SIZE) InvalidateRect(part.window(), nullptr, TRUE);
   if (message != WM_MOUSEMOVE) return part.original(message, wParam, lParam);
   SetCursor(LoadCursorW(nullptr, IDC_ARROW));
   // A list that opens below a pointer at rest is told of a move, too.

@@ -15,7 +15,7 @@ class Win32Surface;
 /// as the combo box's selection, and opening it makes one of its own.
 class Win32List final : public DropDownList {
  public:
-  Win32List(Win32Surface& surface, HWND parent, DropDownListReports& reports, bool rightToLeft);
+  Win32List(Win32Surface& surface, HWND parent, DropDownListReports& reports);
   ~Win32List();
 
   HWND window() const { return combo_.window(); }
@@ -25,8 +25,11 @@ class Win32List final : public DropDownList {
   bool redraws() const { return redraws_; }
   /// Takes the list out of sight for good; its reports end.
   void retire();
-  /// Takes on the font and the width of the text box.
+  /// Takes on the font and the height of the text box.
   void takeFont();
+  /// Takes on the direction that the surface has now.
+  void takeDirection();
+  void drawEntry(const DRAWITEMSTRUCT& item) const;
   /// What the combo box tells the surface.
   void onNotification(WORD code);
   void scroll(WPARAM wParam, LPARAM lParam);
@@ -44,6 +47,7 @@ class Win32List final : public DropDownList {
   void setLeft(float left) override;
   void setTop(float top) override;
   void setWidth(float width) override;
+  float width() const { return static_cast<float>(width_); }
   void setTabStop(Boolean tabStop) override;
   void setVisible(Boolean visible) override;
   std::int16_t entryCount() const override;
@@ -83,6 +87,15 @@ class Win32List final : public DropDownList {
     Win32List& list;
   };
 
+  /// Runs `change`, which an open list does not take on, while the list is closed.
+  template <class Change>
+  void rearrange(Change&& change) {
+    keepOpen([&] {
+      if (isDropped()) send(CB_SHOWDROPDOWN, FALSE);
+      change();
+    });
+  }
+
   LRESULT onComboMessage(Part& part, UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT onEditMessage(Part& part, UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT onDropDownMessage(Part& part, UINT message, WPARAM wParam, LPARAM lParam);
@@ -91,6 +104,7 @@ class Win32List final : public DropDownList {
   LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
   bool isEntry(std::int16_t entry) const { return entry >= 0 && entry < entryCount(); }
   void restoreSelection();
+  void fitToFont();
   void fitDropDown();
   template <class Report>
   void report(Report&& report);

@@ -24,7 +24,7 @@ Win32Surface::Win32Surface(SurfaceOwner& owner)
   createWindow();
   if (!window_) throw platformFailure(PlatformError::outOfMemory, u"ControlSurface");
   refreshFont();
-  textBox_.create(window_, rightToLeft_);
+  textBox_.create(window_);
   textBox_.setWidth(static_cast<float>(scaled(defaultWidth, dpi_)));
   moveTo({0, 0, scaled(defaultWidth, dpi_), textHeight()});
   --depth_;
@@ -36,7 +36,7 @@ Win32Surface::~Win32Surface() {
   list_.reset();
   retiredLists_.clear();
   if (window_) DestroyWindow(window_);
-  if (orphanedEdit_) DestroyWindow(orphanedEdit_);
+  for (const HWND edit : retiredEdits_) DestroyWindow(edit);
 }
 
 void Win32Surface::enter() noexcept {
@@ -46,7 +46,7 @@ void Win32Surface::enter() noexcept {
 void Win32Surface::leave() noexcept {
   if (depth_ == 1) {
     retiredLists_.clear();
-    if (const HWND edit = std::exchange(orphanedEdit_, nullptr)) DestroyWindow(edit);
+    for (const HWND edit : std::exchange(retiredEdits_, {})) DestroyWindow(edit);
   }
   if (--depth_ == 0) owner_.workEnds();
 }
@@ -147,6 +147,8 @@ int Win32Surface::textHeight() const {
   return lineHeight(font_.get()) + 2 * GetSystemMetrics(SM_CYEDGE) + scaled(4, dpi_);
 }
 
+int Win32Surface::textInset() const { return GetSystemMetrics(SM_CXEDGE) + scaled(1, dpi_); }
+
 void Win32Surface::setBackground(LONG oleColor) {
   background_ = oleColor;
   InvalidateRect(window_, nullptr, TRUE);
@@ -154,18 +156,12 @@ void Win32Surface::setBackground(LONG oleColor) {
 
 void Win32Surface::setRightToLeft(bool rightToLeft) {
   if (rightToLeft == std::exchange(rightToLeft_, rightToLeft)) return;
-  const HWND edit = textBox_.window();
-  const auto change = [&](int which, LONG_PTR bits) {
-    const LONG_PTR before = GetWindowLongPtrW(edit, which);
-    SetWindowLongPtrW(edit, which, rightToLeft ? before | bits : before & ~bits);
-  };
-  change(GWL_EXSTYLE, WS_EX_RTLREADING | WS_EX_RIGHT);
-  change(GWL_STYLE, ES_RIGHT);
-  InvalidateRect(edit, nullptr, TRUE);
+  keepListOpen([&] { textBox_.setRightToLeft(rightToLeft); });
+  if (list_) list_->takeDirection();
 }
 
 DropDownList& Win32Surface::addDropDownList(StringView name, DropDownListReports& reports) {
-  list_ = std::make_unique<Win32List>(*this, window_, reports, rightToLeft_);
+  list_ = std::make_unique<Win32List>(*this, window_, reports);
   listName_ = name;
   return *list_;
 }
@@ -177,6 +173,13 @@ void Win32Surface::removeChild(StringView name) {
   retiredLists_.push_back(std::move(list_));
   retiredLists_.back()->retire();
   focusTracker().listRemoved(*this);
+}
+
+void Win32Surface::retireEdit(HWND edit) {
+  const Busy busy{*this};
+  retiredEdits_.push_back(edit);
+  ShowWindow(edit, SW_HIDE);
+  SetParent(edit, HWND_MESSAGE);
 }
 
 void Win32Surface::setEnabled(Boolean enabled) { EnableWindow(window_, enabled ? TRUE : FALSE); }

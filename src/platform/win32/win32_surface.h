@@ -69,6 +69,8 @@ class Win32Surface final : public ControlSurface, public BusyCount, private Focu
   /// null for the message font of Windows.
   void setBaseFont(const LOGFONTW* font);
   void setBackground(LONG oleColor);
+  /// On a right-to-left form text stands on the right and the scroll bar on the left. The numbers
+  /// themselves are read from left to right everywhere: 265-Y10 must not become Y10-265.
   void setRightToLeft(bool rightToLeft);
 
   // ControlSurface
@@ -93,10 +95,15 @@ class Win32Surface final : public ControlSurface, public BusyCount, private Focu
   HFONT font() const { return font_.get(); }
   const LOGFONTW& fontDescription() const { return fontDescription_; }
   int textHeight() const;
+  /// From the outside of the text box to its text.
+  int textInset() const;
+  bool isRightToLeft() const { return rightToLeft_; }
   void focusCame(FocusPlace place);
   void focusGoes(HWND next);
   void listClosedByUser();
   void wantedKeysChanged() { owner_.wantedKeysChanged(); }
+  /// Takes an edit window out of sight until no message of it can be being worked on.
+  void retireEdit(HWND edit);
   /// Whether the list is open; if so it has scrolled by the wheel message given.
   bool scrollList(WPARAM wParam, LPARAM lParam);
   /// Runs `move`, which takes the focus away from the list, and leaves the list open if it was.
@@ -149,7 +156,7 @@ class Win32Surface final : public ControlSurface, public BusyCount, private Focu
   String listName_;
   std::unique_ptr<Win32List> list_;
   std::vector<std::unique_ptr<Win32List>> retiredLists_;
-  HWND orphanedEdit_ = nullptr;
+  std::vector<HWND> retiredEdits_;
 };
 
 }  // namespace keyscout

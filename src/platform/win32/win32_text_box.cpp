@@ -34,16 +34,43 @@ Selection selectionOf(HWND edit) {
 
 Win32TextBox::Win32TextBox(Win32Surface& surface) : Subclass(surface), surface_(surface) {}
 
-void Win32TextBox::create(HWND parent, bool rightToLeft) {
-  const DWORD direction = rightToLeft ? WS_EX_RTLREADING | WS_EX_RIGHT : 0;
+HWND Win32TextBox::makeWindow(HWND parent, bool rightToLeft) {
+  const DWORD extendedStyle = rightToLeft ? WS_EX_RIGHT : 0;
+  const DWORD style = rightToLeft ? ES_RIGHT : ES_LEFT;
   const HWND edit =
-      CreateWindowExW(WS_EX_CLIENTEDGE | direction, L"EDIT", L"",
-                      WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP | ES_AUTOHSCROLL, 0, 0,
-                      0, 0, parent, nullptr, thisInstance(), nullptr);
+      CreateWindowExW(WS_EX_CLIENTEDGE | extendedStyle, L"EDIT", L"",
+                      WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP | ES_AUTOHSCROLL | style,
+                      0, 0, 0, 0, parent, nullptr, thisInstance(), nullptr);
   if (!edit) throw platformFailure(PlatformError::outOfMemory, u"TextBox");
   SendMessageW(edit, EM_SETLIMITTEXT, 0, 0);
+  return edit;
+}
+
+void Win32TextBox::create(HWND parent) {
+  attach(makeWindow(parent, false));
+  takeFont();
+}
+
+void Win32TextBox::setRightToLeft(bool rightToLeft) {
+  const HWND before = window();
+  if (!before) return;
+  const HWND edit = makeWindow(GetParent(before), rightToLeft);
+  const Selection selection = selectionOf(before);
+  // Not attached yet, so that the text is no change.
+  SetWindowTextW(edit, toWide(text()).c_str());
+  SendMessageW(edit, EM_SETSEL, selection.start, static_cast<LPARAM>(selection.end));
+  SendMessageW(edit, EM_SETREADONLY, readOnly() ? TRUE : FALSE, 0);
+  EnableWindow(edit, IsWindowEnabled(before));
+  const float wide = width();
+  const bool hasFocus = GetFocus() == before;
+  detach();
   attach(edit);
   takeFont();
+  setWidth(wide);
+  toolTip_ = nullptr;
+  if (!toolTipText_.empty()) setToolTipText(String{toolTipText_});
+  if (hasFocus) SetFocus(edit);
+  surface_.retireEdit(before);
 }
 
 template <class Report>
@@ -59,6 +86,8 @@ void Win32TextBox::takeFont() {
   Font font{CreateFontIndirectW(&description)};
   SendMessageW(window(), WM_SETFONT, std::bit_cast<WPARAM>(font.get()), TRUE);
   font_ = std::move(font);
+  const auto margin = static_cast<WORD>(surface_.textInset() - GetSystemMetrics(SM_CXEDGE));
+  SendMessageW(window(), EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELPARAM(margin, margin));
   const RECT now = place();
   SetWindowPos(window(), nullptr, 0, 0, now.right - now.left, surface_.textHeight(),
                SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);

@@ -14,10 +14,12 @@ class Win32TextBox final : public TextBox, private Subclass {
  public:
   explicit Win32TextBox(Win32Surface& surface);
 
-  void create(HWND parent, bool rightToLeft);
+  void create(HWND parent);
   void observe(TextBoxReports* reports) { reports_ = reports; }
   /// Takes on the font that the surface has now, and the height that goes with it.
   void takeFont();
+  /// Makes the edit window anew, since one keeps the alignment that it was made with.
+  void setRightToLeft(bool rightToLeft);
 
   using Subclass::window;
   int height() const;
@@ -60,6 +62,7 @@ class Win32TextBox final : public TextBox, private Subclass {
   LRESULT onCharacter(UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT onKeyUp(UINT message, WPARAM wParam, LPARAM lParam);
   void reportMouse(UINT message, WPARAM wParam, LPARAM lParam);
+  static HWND makeWindow(HWND parent, bool rightToLeft);
   RECT place() const;
 
   template <class Report>

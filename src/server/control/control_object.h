@@ -172,6 +172,7 @@ class ControlObject final
   void deactivateUi();
   void deactivateInPlace();
   void applyAmbients();
+  bool isRightToLeft() const;
   void viewChanged();
   void propertyChanged(DISPID id);
 

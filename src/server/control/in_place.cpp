@@ -29,10 +29,17 @@ void ControlObject::activateInPlace() {
     throw ComFailure{E_FAIL};
   }
   surface_.clipTo(position, clip);
-  const LONG_PTR parentStyle = GetWindowLongPtrW(parent, GWL_EXSTYLE);
-  surface_.setRightToLeft(ambients_.rightToLeft || (parentStyle & WS_EX_RTLREADING));
+  surface_.setRightToLeft(isRightToLeft());
   surface_.setEnabled(ambients_.userMode && control_.Enabled());
   if (site_) site_->ShowObject();
+}
+
+/// As the container says, or as its window is.
+bool ControlObject::isRightToLeft() const {
+  if (ambients_.rightToLeft) return true;
+  if (!inPlaceSite_) return false;
+  const LONG_PTR style = GetWindowLongPtrW(GetParent(surface_.window()), GWL_EXSTYLE);
+  return (style & (WS_EX_RTLREADING | WS_EX_LAYOUTRTL)) != 0;
 }
 
 void ControlObject::activateUi() {

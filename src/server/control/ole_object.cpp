@@ -161,7 +161,7 @@ void ControlObject::applyAmbients() {
   ambients_ = Ambients::of(site_.get());
   surface_.setBaseFont(ambients_.font ? &*ambients_.font : nullptr);
   surface_.setBackground(ambients_.backColor);
-  surface_.setRightToLeft(ambients_.rightToLeft);
+  surface_.setRightToLeft(isRightToLeft());
   // On a form that is being designed the mouse is the designer's.
   if (inPlaceSite_) surface_.setEnabled(ambients_.userMode && control_.Enabled());
   viewChanged();

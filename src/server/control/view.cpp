@@ -57,10 +57,11 @@ HRESULT ControlObject::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC
     const Font font{CreateFontIndirectW(&description)};
     SelectObject(context, font.get());
     SetBkMode(context, TRANSPARENT);
-    SetTextColor(context, colorOf(surface_.textBox().foreColor(), GetSysColor(COLOR_WINDOWTEXT)));
-    InflateRect(&area, -toTarget(4), 0);
+    const COLORREF fore = colorOf(surface_.textBox().foreColor(), GetSysColor(COLOR_WINDOWTEXT));
+    SetTextColor(context, control_.Enabled() ? fore : GetSysColor(COLOR_GRAYTEXT));
+    InflateRect(&area, -toTarget(surface_.textInset()), 0);
     std::wstring text = toWide(control_.text());
-    const UINT direction = ambients_.rightToLeft ? DT_RIGHT | DT_RTLREADING : DT_LEFT;
+    const UINT direction = isRightToLeft() ? DT_RIGHT : DT_LEFT;
     DrawTextW(context, text.data(), static_cast<int>(text.size()), &area,
               DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | direction);
     SelectObject(context, GetStockObject(SYSTEM_FONT));

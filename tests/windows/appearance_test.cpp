@@ -1,0 +1,271 @@
+// How the control looks: sizes, the list below the text box, direction, and its picture.
+
+#include <gtest/gtest.h>
+
+#include <olectl.h>
+
+#include <algorithm>
+#include <bit>
+
+#include "support/test_form.h"
+
+namespace keyscout {
+namespace {
+
+RECT placeOf(HWND window) {
+  RECT place{};
+  GetWindowRect(window, &place);
+  return place;
+}
+RECT insideOf(HWND window) {
+  RECT area{};
+  GetClientRect(window, &area);
+  return area;
+}
+
+int lineHeightOf(HWND window) {
+  const HDC context = GetDC(window);
+  const HGDIOBJ before =
+      SelectObject(context, std::bit_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)));
+  TEXTMETRICW metrics{};
+  GetTextMetricsW(context, &metrics);
+  SelectObject(context, before);
+  ReleaseDC(window, context);
+  return metrics.tmHeight;
+}
+
+void tell(TestForm& form, DISPID ambient, VARIANT value) {
+  form.site().ambients[ambient] = value;
+  form.site().controlAs<IOleControl>()->OnAmbientPropertyChange(ambient);
+  form.pump();
+}
+
+void setFont(TestForm& form, int points) {
+  wchar_t name[] = L"Tahoma";
+  FONTDESC description{sizeof description, name, {}, 400, 0, FALSE, FALSE, FALSE};
+  description.cySize.int64 = 10000 * points;
+  VARIANT font{};
+  font.vt = VT_DISPATCH;
+  ASSERT_EQ(
+      OleCreateFontIndirect(&description, IID_IDispatch, std::bit_cast<void**>(&font.pdispVal)),
+      S_OK);
+  tell(form, DISPID_AMBIENT_FONT, font);
+  form.site().ambients.erase(DISPID_AMBIENT_FONT);
+  font.pdispVal->Release();
+}
+
+void setRightToLeft(TestForm& form, bool rightToLeft) {
+  VARIANT value{};
+  value.vt = VT_BOOL;
+  value.boolVal = toVariantBool(rightToLeft);
+  tell(form, DISPID_AMBIENT_RIGHTTOLEFT, value);
+}
+
+/// The open list: below the text box and as wide, with all of its nine rows and no scroll bar.
+void expectWholeList(TestForm& form) {
+  ASSERT_TRUE(form.isOpen());
+  const RECT box = placeOf(form.edit());
+  const HWND list = form.dropDown();
+  const RECT place = placeOf(list);
+  EXPECT_EQ(place.left, box.left);
+  EXPECT_EQ(place.right, box.right);
+  EXPECT_EQ(place.top, box.bottom);
+  const int line = lineHeightOf(form.edit());
+  EXPECT_GE(insideOf(form.edit()).bottom, line) << "the text is not cut";
+  const RECT inside = insideOf(list);
+  EXPECT_EQ(SendMessageW(list, LB_GETCOUNT, 0, 0), 9);
+  EXPECT_EQ(SendMessageW(list, LB_GETITEMHEIGHT, 0, 0), line);
+  EXPECT_EQ(inside.bottom, 9 * line);
+  EXPECT_EQ(inside.right, place.right - place.left - 2 * GetSystemMetrics(SM_CXBORDER));
+}
+
+TEST(Appearance, NineEntriesBelowTheTextBoxInAnyFont) {
+  for (const int points : {7, 9, 14, 24}) {
+    SCOPED_TRACE(points);
+    TestForm form;
+    setFont(form, points);
+    form.enter();
+    form.type("a");
+    expectWholeList(form);
+    form.type("b");  // filled anew while open
+    expectWholeList(form);
+    setFont(form, 2 * points);  // while the list is there
+    expectWholeList(form);
+  }
+}
+
+TEST(Appearance, TheListIsAsWideAsTheControl) {
+  TestForm form;
+  form.enter();
+  for (const int width : {120, 300}) {
+    form.site().moveTo({20, 10, 20 + width, 34});
+    form.control()->put_text(nullptr);
+    form.type("ab");
+    expectWholeList(form);
+    EXPECT_EQ(placeOf(form.dropDown()).right - placeOf(form.dropDown()).left, width);
+  }
+}
+
+TEST(Appearance, DirectionReachesBothWindows) {
+  TestForm form;
+  form.enter();
+  form.type("ab");
+  form.control()->put_selStart(1);
+  const auto expectDirection = [&](bool rightToLeft) {
+    constexpr LONG_PTR listBits = WS_EX_RIGHT | WS_EX_LEFTSCROLLBAR;
+    EXPECT_EQ(GetWindowLongPtrW(form.dropDown(), GWL_EXSTYLE) & listBits,
+              rightToLeft ? listBits : 0);
+    EXPECT_EQ(GetWindowLongPtrW(form.edit(), GWL_EXSTYLE) & WS_EX_RIGHT,
+              rightToLeft ? WS_EX_RIGHT : 0);
+    EXPECT_EQ(GetWindowLongPtrW(form.edit(), GWL_STYLE) & ES_RIGHT, rightToLeft ? ES_RIGHT : 0);
+    const auto first = SendMessageW(form.edit(), EM_POSFROMCHAR, 0, 0);
+    EXPECT_EQ(LOWORD(first) > insideOf(form.edit()).right / 2, rightToLeft);
+  };
+  expectDirection(false);
+  for (const bool rightToLeft : {true, false}) {
+    SCOPED_TRACE(rightToLeft);
+    form.takeEvents();
+    setRightToLeft(form, rightToLeft);
+    expectDirection(rightToLeft);
+    EXPECT_EQ(form.takeEvents(), Log{});
+    EXPECT_EQ(form.text(), "ab");
+    short start = 0;
+    form.control()->get_selStart(&start);
+    EXPECT_EQ(start, 1);
+    EXPECT_EQ(GetFocus(), form.edit());
+    expectWholeList(form);
+  }
+  setRightToLeft(form, true);
+  form.control()->put_text(nullptr);
+  SetFocus(form.otherField());
+  form.enter();  // with a list made afresh
+  form.type("ab");
+  expectDirection(true);
+}
+
+TEST(Appearance, DirectionChangesInsideAChange) {
+  TestForm form;
+  form.control()->put_TheToolTipText(Bstr{u"tip"}.get());
+  form.enter();
+  bool rightToLeft = false;
+  form.onEvent = [&](const std::string& name, DISPPARAMS&) {
+    if (name != "Change") return;
+    rightToLeft = !rightToLeft;
+    VARIANT& value = form.site().ambients[DISPID_AMBIENT_RIGHTTOLEFT];
+    value.vt = VT_BOOL;
+    value.boolVal = toVariantBool(rightToLeft);
+    form.site().controlAs<IOleControl>()->OnAmbientPropertyChange(DISPID_AMBIENT_RIGHTTOLEFT);
+  };
+  form.type("ab-1");
+  form.onEvent = nullptr;
+  EXPECT_EQ(form.text(), "ab-1");
+  expectWholeList(form);
+  BSTR tip = nullptr;
+  form.control()->get_TheToolTipText(&tip);
+  EXPECT_EQ(takeText(tip), "tip");
+  int edits = 0;
+  for (HWND edit = nullptr; (edit = FindWindowExW(form.surface(), edit, L"EDIT", nullptr));)
+    ++edits;
+  EXPECT_EQ(edits, 1);
+}
+
+/// What the control draws of itself, on a bitmap of `width` by `height`.
+class Picture {
+ public:
+  Picture(TestForm& form, int width, int height, bool byMetafile = false)
+      : size_{width, height}, context_(CreateCompatibleDC(nullptr)) {
+    const HDC screen = GetDC(nullptr);
+    bitmap_ = CreateCompatibleBitmap(screen, width, height);
+    ReleaseDC(nullptr, screen);
+    before_ = SelectObject(context_, bitmap_);
+    const auto view = form.site().controlAs<IViewObject2>();
+    const auto draw = [&](HDC target) {
+      const RECTL bounds{0, 0, width, height};
+      EXPECT_EQ(view->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, target, &bounds,
+                           nullptr, nullptr, 0),
+                S_OK);
+    };
+    if (!byMetafile) {
+      draw(context_);
+      return;
+    }
+    const HDC recorder = CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);
+    draw(recorder);
+    const HENHMETAFILE recorded = CloseEnhMetaFile(recorder);
+    ENHMETAHEADER header{};
+    GetEnhMetaFileHeader(recorded, sizeof header, &header);
+    const RECT whole{header.rclBounds.left, header.rclBounds.top, header.rclBounds.right,
+                     header.rclBounds.bottom};
+    EXPECT_TRUE(PlayEnhMetaFile(context_, recorded, &whole));
+    DeleteEnhMetaFile(recorded);
+  }
+  ~Picture() {
+    SelectObject(context_, before_);
+    DeleteObject(bitmap_);
+    DeleteDC(context_);
+  }
+  Picture(const Picture&) = delete;
+  Picture& operator=(const Picture&) = delete;
+
+  /// The smallest rectangle inside the border with all pixels of `color`.
+  RECT extentOf(COLORREF color) const {
+    constexpr int border = 3;
+    RECT extent{size_.cx, size_.cy, 0, 0};
+    for (int y = border; y < size_.cy - border; ++y)
+      for (int x = border; x < size_.cx - border; ++x) {
+        if (GetPixel(context_, x, y) != color) continue;
+        extent = {std::min<LONG>(extent.left, x), std::min<LONG>(extent.top, y),
+                  std::max<LONG>(extent.right, x), std::max<LONG>(extent.bottom, y)};
+      }
+    return extent;
+  }
+
+ private:
+  SIZE size_;
+  HDC context_;
+  HBITMAP bitmap_ = nullptr;
+  HGDIOBJ before_ = nullptr;
+};
+
+TEST(Appearance, ThePictureIsAsSharpAsItsTarget) {
+  TestForm form;
+  form.control()->put_text(Bstr{u"HH-100"}.get());
+  const RECT box = placeOf(form.surface());
+  const int width = box.right - box.left;
+  const int height = box.bottom - box.top;
+  const COLORREF ink = GetSysColor(COLOR_WINDOWTEXT);
+  for (const bool rightToLeft : {false, true})
+    for (const bool byMetafile : {false, true})
+      for (const int factor : {1, 2, 4}) {
+        SCOPED_TRACE(testing::Message() << rightToLeft << byMetafile << factor);
+        setRightToLeft(form, rightToLeft);
+        const Picture picture{form, factor * width, factor * height, byMetafile};
+        const RECT text = picture.extentOf(ink);
+        ASSERT_LT(text.left, text.right);
+        EXPECT_EQ(text.left > factor * width / 2, rightToLeft);
+        EXPECT_EQ(text.right > factor * width / 2, rightToLeft);
+        EXPECT_GT(text.bottom - text.top, factor * 5) << "as large as the target";
+        EXPECT_LT(text.bottom - text.top, factor * height / 2) << "and whole";
+      }
+}
+
+TEST(Appearance, ThePictureShowsColoursAndWhatIsDisabled) {
+  TestForm form;
+  form.control()->put_text(Bstr{u"HH-100"}.get());
+  const auto hasInk = [&](COLORREF color) {
+    const Picture picture{form, 400, 48};
+    const RECT ink = picture.extentOf(color);
+    return ink.left < ink.right;
+  };
+  VARIANT red{};
+  red.vt = VT_I4;
+  red.lVal = RGB(200, 0, 0);
+  form.control()->put_ForeColor(red);
+  EXPECT_TRUE(hasInk(RGB(200, 0, 0)));
+  form.control()->put_Enabled(VARIANT_FALSE);
+  EXPECT_FALSE(hasInk(RGB(200, 0, 0)));
+  EXPECT_TRUE(hasInk(GetSysColor(COLOR_GRAYTEXT)));
+}
+
+}  // namespace
+}  // namespace keyscout
