@@ -37,6 +37,97 @@ TEST(Container, ActivationInPlaceAndByFocus) {
   EXPECT_EQ(object->GetWindow(&window), E_FAIL);
 }
 
+TEST(Container, ARefusalLeavesTheControlInactive) {
+  for (const char* call : {"CanInPlaceActivate", "OnInPlaceActivate", "GetWindowContext"}) {
+    SCOPED_TRACE(call);
+    TestForm form;
+    const auto object = form.site().controlAs<IOleObject>();
+    const auto show = [&] {
+      return object->DoVerb(OLEIVERB_SHOW, nullptr, &form.site(), 0, form.window(), nullptr);
+    };
+    object->DoVerb(OLEIVERB_HIDE, nullptr, &form.site(), 0, form.window(), nullptr);
+    form.answers[call] = E_FAIL;
+    EXPECT_EQ(show(), E_FAIL);
+    EXPECT_EQ(GetParent(form.surface()), nullptr);
+    form.answers.clear();
+    EXPECT_EQ(show(), S_OK);
+    EXPECT_EQ(GetParent(form.surface()), form.window());
+  }
+  TestForm form;
+  form.answers["OnUIActivate"] = E_FAIL;
+  form.enter();
+  form.answers.clear();
+  SetFocus(form.otherField());
+  form.enter();
+  MSG message{form.edit(), WM_KEYDOWN, VK_DOWN, 1, 0, {}};
+  EXPECT_EQ(form.site().controlAs<IOleInPlaceActiveObject>()->TranslateAccelerator(&message), S_OK)
+      << "active with the next focus";
+}
+
+TEST(Container, AnInactiveControlKeepsNoFocus) {
+  struct Way {
+    const char* name;
+    void (*end)(TestForm&);
+  };
+  for (const Way& with :
+       {Way{"hidden",
+            [](TestForm& form) {
+              form.site().controlAs<IOleObject>()->DoVerb(OLEIVERB_HIDE, nullptr, &form.site(), 0,
+                                                          form.window(), nullptr);
+            }},
+        Way{"deactivated",
+            [](TestForm& form) {
+              form.site().controlAs<IOleInPlaceObject>()->InPlaceDeactivate();
+            }},
+        Way{"closed",
+            [](TestForm& form) { form.site().controlAs<IOleObject>()->Close(OLECLOSE_NOSAVE); }},
+        Way{"without a site",
+            [](TestForm& form) { form.site().controlAs<IOleObject>()->SetClientSite(nullptr); }}}) {
+    for (const bool browsing : {false, true}) {
+      SCOPED_TRACE(std::string{with.name} + (browsing ? " while browsing" : ""));
+      TestForm form;
+      form.enter();
+      form.type("ab");
+      if (browsing) form.key(VK_DOWN);
+      form.takeCalls();
+      with.end(form);
+      EXPECT_EQ(form.takeCalls(),
+                (Calls{"SetActiveObject(null)", "OnUIDeactivate", "OnControlInfoChanged",
+                       "OnFocusLost", "OnInPlaceDeactivate"}));
+      EXPECT_EQ(GetFocus(), form.window());
+      form.takeEvents();
+      form.type("c");
+      EXPECT_EQ(form.takeEvents(), Calls{});
+      EXPECT_EQ(form.text(), "ab");
+    }
+  }
+}
+
+TEST(Container, AControlOutlivesItsForm) {
+  TestForm next;
+  TestForm form;
+  form.enter();
+  form.type("ab");
+  form.key(VK_DOWN);
+  const auto control = form.control();
+  DestroyWindow(form.window());
+  EXPECT_EQ(form.text(), "ab");
+  VARIANT_BOOL showing = VARIANT_TRUE;
+  EXPECT_EQ(control->get_isListShowing(&showing), S_OK);
+  EXPECT_FALSE(showing);
+
+  const auto object = form.site().controlAs<IOleObject>();
+  ASSERT_EQ(object->SetClientSite(&next.site()), S_OK);
+  SetForegroundWindow(next.window());
+  EXPECT_EQ(object->DoVerb(OLEIVERB_UIACTIVATE, nullptr, nullptr, 0, nullptr, nullptr), S_OK);
+  EXPECT_EQ(GetFocus(), form.edit());
+  form.type("-");
+  EXPECT_EQ(form.text(), "ab-");
+  EXPECT_TRUE(form.isOpen());
+  object->Close(OLECLOSE_NOSAVE);
+  object->SetClientSite(nullptr);
+}
+
 TEST(Container, TextOutlivesDeactivation) {
   TestForm form;
   form.enter();
@@ -204,9 +295,25 @@ TEST(Container, QuickActivationAndConnections) {
   EXPECT_EQ(connections->Next(1, &data, &fetched), S_OK);
   EXPECT_EQ(data.dwCookie, answer.dwEventCookie);
   data.pUnk->Release();
+
+  // A sink that ends the other's connection inside the event is the last one told.
+  DWORD second = 0;
+  const auto ending = makeObject<EventSink>([&](DISPID, DISPPARAMS&) { first->Unadvise(second); });
+  const auto ended = makeObject<EventSink>([&](DISPID, DISPPARAMS&) { ++events; });
+  DWORD ender = 0;
+  ASSERT_EQ(first->Advise(ending.get(), &ender), S_OK);
+  ASSERT_EQ(first->Advise(ended.get(), &second), S_OK);
+  ComPtr<_keyscoutControl>::from(control.get())->put_text(Bstr{u"y"}.get());
+  EXPECT_EQ(events, 4);
+  first->Unadvise(ender);
   EXPECT_EQ(first->Unadvise(answer.dwEventCookie), S_OK);
   EXPECT_EQ(first->Unadvise(answer.dwEventCookie), CONNECT_E_NOCONNECTION);
-  ComPtr<IOleObject>::from(control.get())->SetClientSite(nullptr);
+
+  const auto object = ComPtr<IOleObject>::from(control.get());
+  EXPECT_EQ(object->GetClientSite(nullptr), E_POINTER);
+  object->SetClientSite(nullptr);
+  site->AddRef();
+  EXPECT_EQ(site->Release(), 1u) << "the control has let go of its site";
 }
 
 }  // namespace

@@ -137,6 +137,46 @@ TEST(Input, AClickBesideTheListClosesIt) {
   EXPECT_TRUE(form.isOpen());
 }
 
+TEST(Input, AClickOnATextBoxWhileAListIsOpenIsItsOwn) {
+  TestForm form{2};
+  const auto clickOn = [&](int which) {
+    const RECT box = onScreen(form.edit(which));
+    form.click({box.right - 9, box.top + 9});
+  };
+  for (const int which : {0, 1}) {
+    SCOPED_TRACE(which);
+    form.enter(1);
+    form.control(1)->put_text(nullptr);
+    form.type("ab");
+    form.key(VK_DOWN);
+    ASSERT_TRUE(form.isOpen(1));
+    form.takeEvents();
+    clickOn(which);
+    EXPECT_FALSE(form.isOpen(1));
+    EXPECT_EQ(GetFocus(), form.edit(which));
+    const Events events = form.takeEvents();
+    ASSERT_EQ(events.size(), 3u);
+    EXPECT_EQ(events[0].substr(0, 9), "MouseDown");
+    EXPECT_EQ(events[1].substr(0, 7), "MouseUp");
+    EXPECT_EQ(events[2], "Click");
+    form.type("c");
+    EXPECT_EQ(form.text(which), which == 1 ? "abc" : "c");
+  }
+}
+
+TEST(Input, OnlyALookupOpensTheList) {
+  TestForm form;
+  form.enter();
+  form.type("ab");
+  form.key(VK_DOWN);
+  form.key(VK_ESCAPE);
+  ASSERT_FALSE(form.isOpen());
+  form.key(VK_F4);
+  EXPECT_FALSE(IsWindowVisible(form.dropDown()));
+  form.key(VK_DOWN, VK_MENU);
+  EXPECT_FALSE(IsWindowVisible(form.dropDown()));
+}
+
 TEST(Input, AKeyThatTheHostTakesAwayTypesNothing) {
   TestForm form;
   form.enter();
@@ -203,6 +243,12 @@ TEST(Input, MouseReportsOfTheTextBox) {
   EXPECT_EQ(events[0].substr(0, 13), "MouseDown 1 0");
   EXPECT_EQ(events[1].substr(0, 11), "MouseUp 1 0");
   EXPECT_EQ(events[2], "Click");
+
+  form.click({box.left + 12, box.top + 8});
+  const Events second = form.takeEvents();
+  ASSERT_EQ(second.size(), 2u) << "the second click of a double click is none by itself";
+  EXPECT_EQ(second[0], "DblClick");
+  EXPECT_EQ(second[1].substr(0, 7), "MouseUp");
 }
 
 }  // namespace

@@ -73,7 +73,7 @@ HRESULT ControlSite::GetWindow(HWND* result) {
 HRESULT ControlSite::GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document,
                                       LPRECT position, LPRECT clip, LPOLEINPLACEFRAMEINFO info) {
   if (!frame || !document || !position || !clip || !info) return E_POINTER;
-  noted("GetWindowContext");
+  if (const HRESULT answer = noted("GetWindowContext"); FAILED(answer)) return answer;
   *frame = ComPtr<IOleInPlaceFrame>{this}.detach();
   *document = nullptr;
   *position = at_;

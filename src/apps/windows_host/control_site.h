@@ -21,8 +21,8 @@ class ControlSite final
  public:
   explicit ControlSite(HWND parent) : parent_(parent) {}
 
-  /// Is told the name of each call that the control makes on the site.
-  std::function<void(const char* call)> onCall;
+  /// Is told the name of each call that the control makes on the site, and answers it.
+  std::function<HRESULT(const char* call)> onCall;
   /// Ambient properties by their dispatch identifiers; others are not there.
   std::map<DISPID, VARIANT> ambients;
 
@@ -106,10 +106,7 @@ class ControlSite final
                                    EXCEPINFO*, UINT*) override;
 
  private:
-  HRESULT noted(const char* call) {
-    if (onCall) onCall(call);
-    return S_OK;
-  }
+  HRESULT noted(const char* call) { return onCall ? onCall(call) : S_OK; }
 
   HWND parent_;
   RECT at_{};

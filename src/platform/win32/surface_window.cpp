@@ -107,13 +107,25 @@ void Win32Surface::onCommand(HWND from, WORD code) {
   if (list_ && from == list_->window()) list_->onNotification(code);
 }
 
-/// The host destroys the surface's window, or one that it stands on. Where that happens inside a
-/// message of a widget, the widget's window has to live on until that message is done.
+/// The host destroys the surface's window, or one that it stands on, perhaps inside a message of a
+/// widget. The widgets leave it, so that they can be made anew as they were.
 void Win32Surface::onDestroy() {
-  focusTracker().forget(*this);
-  if (depth_ <= 1) return;
-  if (list_) list_->retire();  // the control still refers to it
-  retireEdit(textBox_.window());
+  if (list_ && list_->isDropped()) listClosedByUser();
+  if (hasFocus()) SetFocus(nullptr);
+  owner_.windowDestroyed();
+  if (list_) list_->park();
+  ShowWindow(textBox_.window(), SW_HIDE);
+  SetParent(textBox_.window(), HWND_MESSAGE);
+}
+
+void Win32Surface::restore() noexcept try {
+  createWindow();
+  if (!window_) return;
+  textBox_.renew(window_, rightToLeft_);
+  if (list_) list_->renew(window_);
+  textBox_.bringToFront();
+  moveTo({0, 0, static_cast<LONG>(textBox_.width()), textHeight()});
+} catch (...) {  // NOLINT(bugprone-empty-catch): out of memory; the old windows still have it all
 }
 
 void Win32Surface::eraseBackground(HDC target) {

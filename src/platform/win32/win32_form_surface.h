@@ -52,6 +52,7 @@ class Win32FormSurface final : public PlayableSurface, private SurfaceOwner {
     if (tellClosed_) tellClosed_();
   }
   void wantedKeysChanged() noexcept override {}
+  void windowDestroyed() noexcept override {}
   void focusCame() noexcept override {}
   void focusLeft() noexcept override {}
 

@@ -1,5 +1,7 @@
 #include "platform/win32/win32_list.h"
 
+#include <windowsx.h>
+
 #include <algorithm>
 #include <bit>
 #include <utility>
@@ -42,6 +44,10 @@ Win32List::Win32List(Win32Surface& surface, HWND parent, DropDownListReports& re
       combo_(*this, surface, &Win32List::onComboMessage),
       edit_(*this, surface, &Win32List::onEditMessage),
       dropDown_(*this, surface, &Win32List::onDropDownMessage) {
+  create(parent);
+}
+
+void Win32List::create(HWND parent) {
   const HWND combo =
       CreateWindowExW(0, L"COMBOBOX", L"",
                       WS_CHILD | WS_CLIPSIBLINGS | WS_VSCROLL | CBS_DROPDOWN | CBS_AUTOHSCROLL |
@@ -63,8 +69,24 @@ Win32List::~Win32List() {
   if (window()) DestroyWindow(window());
 }
 
+void Win32List::renew(HWND parent) {
+  const HWND before = window();
+  std::vector<String> entries;
+  for (std::int16_t entry = 0; isEntry(entry); ++entry) entries.push_back(entryText(entry));
+  for (Part* const part : {&combo_, &edit_, &dropDown_}) part->detach();
+  create(parent);
+  for (const String& entry : entries) append(entry);
+  restoreSelection();
+  setVisible(True);
+  surface_.retireWindow(before);
+}
+
 void Win32List::retire() {
   reports_ = nullptr;
+  park();
+}
+
+void Win32List::park() {
   if (!window()) return;
   const ByCode guard{*this};
   SendMessageA(window(), showDropDownMessage, 0, 0);
@@ -318,19 +340,34 @@ LRESULT Win32List::onKeyDown(UINT message, WPARAM wParam, LPARAM lParam) {
   report([&](DropDownListReports& to) { to.keyDown(keyCode, shift); });
   // What is left for the combo box to do with a key is to move its selection or to close. A key
   // that took the focus elsewhere has done its work, and Enter only closes what it accepts from.
-  // Alt with an arrow would open the list that it has just closed.
-  const bool toggles =
-      message == WM_SYSKEYDOWN && (keyCode == KeyCodes::down || keyCode == KeyCodes::up);
+  // Only lookups open a list: Alt with an arrow would open the one that it has just closed.
+  const bool isArrow = keyCode == KeyCodes::down || keyCode == KeyCodes::up;
+  const bool opens = (message == WM_SYSKEYDOWN && isArrow) || (keyCode == VK_F4 && !isDropped());
   const bool isDone =
-      keyCode == 0 || keyCode == KeyCodes::enter || toggles || GetFocus() != edit_.window();
+      keyCode == 0 || keyCode == KeyCodes::enter || opens || GetFocus() != edit_.window();
   swallowCharacter_ = isDone;
   if (isDone) return 0;
   return edit_.original(message, static_cast<std::uint16_t>(keyCode), lParam);
 }
 
+/// An open list has the mouse to itself, and closes on a press beside it. Where that was meant for
+/// a text box of ours, the text box gets it as well.
+LRESULT Win32List::onPress(Part& part, WPARAM wParam, LPARAM lParam) {
+  POINT at{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+  ClientToScreen(part.window(), &at);
+  const HWND under = WindowFromPoint(at);
+  const bool isBeside = under != part.window() && Subclass::isAttached(under);
+  const LRESULT result = part.original(WM_LBUTTONDOWN, wParam, lParam);
+  if (!isBeside || !IsWindow(under)) return result;
+  ScreenToClient(under, &at);
+  SendMessageW(under, WM_LBUTTONDOWN, wParam, MAKELPARAM(at.x, at.y));
+  return result;
+}
+
 LRESULT Win32List::onDropDownMessage(Part& part, UINT message, WPARAM wParam, LPARAM lParam) {
   // A scroll bar that comes or goes on the left moves what is drawn already.
   if (message == WM_SIZE) InvalidateRect(part.window(), nullptr, TRUE);
+  if (message == WM_LBUTTONDOWN) return onPress(part, wParam, lParam);
   if (message != WM_MOUSEMOVE) return part.original(message, wParam, lParam);
   SetCursor(LoadCursorW(nullptr, IDC_ARROW));
   // A list that opens below a pointer at rest is told of a move, too.

@@ -25,6 +25,11 @@ class Win32List final : public DropDownList {
   bool redraws() const { return redraws_; }
   /// Takes the list out of sight for good; its reports end.
   void retire();
+  /// Closes the list and takes it out of sight, off the window that it was made on.
+  void park();
+  /// Makes the combo box anew on `parent`, with the entries that the present one has: a combo box
+  /// keeps for good the parent that it was made with.
+  void renew(HWND parent);
   /// Takes on the font and the height of the text box.
   void takeFont();
   /// Takes on the direction that the surface has now.
@@ -96,9 +101,11 @@ class Win32List final : public DropDownList {
     });
   }
 
+  void create(HWND parent);
   LRESULT onComboMessage(Part& part, UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT onEditMessage(Part& part, UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT onDropDownMessage(Part& part, UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT onPress(Part& part, WPARAM wParam, LPARAM lParam);
   LRESULT onKeyDown(UINT message, WPARAM wParam, LPARAM lParam);
 
   LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;

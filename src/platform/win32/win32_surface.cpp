@@ -35,8 +35,12 @@ Win32Surface::~Win32Surface() {
   focusTracker().forget(*this);
   list_.reset();
   retiredLists_.clear();
-  if (window_) DestroyWindow(window_);
-  for (const HWND edit : retiredEdits_) DestroyWindow(edit);
+  if (window_) {
+    SetWindowLongPtrW(window_, GWLP_USERDATA, 0);  // no message is this surface's any more
+    DestroyWindow(window_);
+  }
+  if (textBox_.window()) DestroyWindow(textBox_.window());
+  for (const HWND window : retiredWindows_) DestroyWindow(window);
 }
 
 void Win32Surface::enter() noexcept {
@@ -45,8 +49,9 @@ void Win32Surface::enter() noexcept {
 
 void Win32Surface::leave() noexcept {
   if (depth_ == 1) {
+    if (!window_) restore();
     retiredLists_.clear();
-    for (const HWND edit : std::exchange(retiredEdits_, {})) DestroyWindow(edit);
+    for (const HWND window : std::exchange(retiredWindows_, {})) DestroyWindow(window);
   }
   if (--depth_ == 0) owner_.workEnds();
 }
@@ -98,6 +103,7 @@ void Win32Surface::clipTo(const RECT& at, const RECT& clip) {
 
 void Win32Surface::park() {
   if (!window_) return;
+  if (hasFocus()) SetFocus(GetParent(window_));
   ShowWindow(window_, SW_HIDE);
   SetParent(window_, HWND_MESSAGE);
   tellParent(false);
@@ -156,7 +162,7 @@ void Win32Surface::setBackground(LONG oleColor) {
 
 void Win32Surface::setRightToLeft(bool rightToLeft) {
   if (rightToLeft == std::exchange(rightToLeft_, rightToLeft)) return;
-  keepListOpen([&] { textBox_.setRightToLeft(rightToLeft); });
+  keepListOpen([&] { textBox_.renew(window_, rightToLeft); });
   if (list_) list_->takeDirection();
 }
 
@@ -175,11 +181,11 @@ void Win32Surface::removeChild(StringView name) {
   focusTracker().listRemoved(*this);
 }
 
-void Win32Surface::retireEdit(HWND edit) {
+void Win32Surface::retireWindow(HWND window) {
   const Busy busy{*this};
-  retiredEdits_.push_back(edit);
-  ShowWindow(edit, SW_HIDE);
-  SetParent(edit, HWND_MESSAGE);
+  retiredWindows_.push_back(window);
+  ShowWindow(window, SW_HIDE);
+  SetParent(window, HWND_MESSAGE);
 }
 
 void Win32Surface::setEnabled(Boolean enabled) { EnableWindow(window_, enabled ? TRUE : FALSE); }

@@ -26,6 +26,8 @@ class SurfaceOwner {
   virtual void listClosedByUser() noexcept = 0;
   /// The drop-down opened or closed, and with it the keys change that the surface wants.
   virtual void wantedKeysChanged() noexcept = 0;
+  /// The surface's window was destroyed, with the one that it stood on; it is out of sight now.
+  virtual void windowDestroyed() noexcept = 0;
   /// The focus came to one of the surface's windows, or left them all.
   virtual void focusCame() noexcept = 0;
   virtual void focusLeft() noexcept = 0;
@@ -39,8 +41,8 @@ class SurfaceOwner {
 ///
 /// Windows whose procedures may be running are never destroyed: until the outermost message or call
 /// has returned they are only put out of sight. So a host may take the control apart from inside
-/// any event. Where the host destroys the window that the surface stands on, the widgets' windows
-/// are gone, and operations on them do nothing.
+/// any event. Where the host destroys the window that the surface stands on, the surface gets a new
+/// one out of sight, with the text box as it was.
 class Win32Surface final : public ControlSurface, public BusyCount, private FocusReports {
  public:
   /// `owner` must outlive the surface.
@@ -49,7 +51,7 @@ class Win32Surface final : public ControlSurface, public BusyCount, private Focu
   Win32Surface(const Win32Surface&) = delete;
   Win32Surface& operator=(const Win32Surface&) = delete;
 
-  /// Null once the window is destroyed.
+  /// Null while a destroyed window has not been replaced.
   HWND window() const { return window_; }
   /// Shows the surface on `parent`, whose pixels `at` is in. False where that cannot be.
   bool placeOn(HWND parent, const RECT& at);
@@ -57,7 +59,7 @@ class Win32Surface final : public ControlSurface, public BusyCount, private Focu
   void resize(SIZE pixels);
   /// Shows only what lies in `clip`; both in the pixels of the window that the surface is on.
   void clipTo(const RECT& at, const RECT& clip);
-  /// Back out of sight.
+  /// Back out of sight, and the focus with the window that the surface was on, if it had it.
   void park();
   /// The pixels that the surface takes up, on a window or not.
   SIZE size() const;
@@ -102,8 +104,9 @@ class Win32Surface final : public ControlSurface, public BusyCount, private Focu
   void focusGoes(HWND next);
   void listClosedByUser();
   void wantedKeysChanged() { owner_.wantedKeysChanged(); }
-  /// Takes an edit window out of sight until no message of it can be being worked on.
-  void retireEdit(HWND edit);
+  /// Takes a widget's window out of sight, and destroys it when no message of it is being worked
+  /// on.
+  void retireWindow(HWND window);
   /// Whether the list is open; if so it has scrolled by the wheel message given.
   bool scrollList(WPARAM wParam, LPARAM lParam);
   /// Runs `move`, which takes the focus away from the list, and leaves the list open if it was.
@@ -130,6 +133,7 @@ class Win32Surface final : public ControlSurface, public BusyCount, private Focu
   LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam);
   void onCommand(HWND from, WORD code);
   void onDestroy();
+  void restore() noexcept;
   void eraseBackground(HDC target);
   void refreshFont();
 
@@ -156,7 +160,7 @@ class Win32Surface final : public ControlSurface, public BusyCount, private Focu
   String listName_;
   std::unique_ptr<Win32List> list_;
   std::vector<std::unique_ptr<Win32List>> retiredLists_;
-  std::vector<HWND> retiredEdits_;
+  std::vector<HWND> retiredWindows_;
 };
 
 }  // namespace keyscout

@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/error.h"
 #include "platform/win32/input.h"
@@ -51,10 +52,10 @@ void Win32TextBox::create(HWND parent) {
   takeFont();
 }
 
-void Win32TextBox::setRightToLeft(bool rightToLeft) {
+void Win32TextBox::renew(HWND parent, bool rightToLeft) {
   const HWND before = window();
   if (!before) return;
-  const HWND edit = makeWindow(GetParent(before), rightToLeft);
+  const HWND edit = makeWindow(parent, rightToLeft);
   const Selection selection = selectionOf(before);
   // Not attached yet, so that the text is no change.
   SetWindowTextW(edit, toWide(text()).c_str());
@@ -70,7 +71,7 @@ void Win32TextBox::setRightToLeft(bool rightToLeft) {
   toolTip_ = nullptr;
   if (!toolTipText_.empty()) setToolTipText(String{toolTipText_});
   if (hasFocus) SetFocus(edit);
-  surface_.retireEdit(before);
+  surface_.retireWindow(before);
 }
 
 template <class Report>
@@ -300,14 +301,17 @@ void Win32TextBox::reportMouse(UINT message, WPARAM wParam, LPARAM lParam) {
     case MouseInput::Kind::move:
       return report([&](TextBoxReports& to) { to.mouseMoved(input.button, shift, x, y); });
     case MouseInput::Kind::down:
+      pressed_ = true;
       return report([&](TextBoxReports& to) { to.mouseDown(input.button, shift, x, y); });
     case MouseInput::Kind::doubleClick:
+      pressed_ = false;  // its release is no click of its own
       return report([&](TextBoxReports& to) { to.doubleClicked(); });
     case MouseInput::Kind::up: {
       report([&](TextBoxReports& to) { to.mouseUp(input.button, shift, x, y); });
       RECT area{};
       GetClientRect(window(), &area);
-      const bool isClick = message == WM_LBUTTONUP && PtInRect(&area, input.at);
+      const bool wasPressed = std::exchange(pressed_, false);
+      const bool isClick = wasPressed && message == WM_LBUTTONUP && PtInRect(&area, input.at);
       if (isClick) report([](TextBoxReports& to) { to.clicked(); });
       return;
     }

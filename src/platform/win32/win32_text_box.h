@@ -18,8 +18,9 @@ class Win32TextBox final : public TextBox, private Subclass {
   void observe(TextBoxReports* reports) { reports_ = reports; }
   /// Takes on the font that the surface has now, and the height that goes with it.
   void takeFont();
-  /// Makes the edit window anew, since one keeps the alignment that it was made with.
-  void setRightToLeft(bool rightToLeft);
+  /// Makes the edit window anew on `parent`, with all that the present one has: an edit window
+  /// keeps for good the alignment and the parent that it was made with.
+  void renew(HWND parent, bool rightToLeft);
 
   using Subclass::window;
   int height() const;
@@ -75,6 +76,7 @@ class Win32TextBox final : public TextBox, private Subclass {
   std::int32_t foreColor_ = systemColor(COLOR_WINDOWTEXT);
   std::int32_t backColor_ = systemColor(COLOR_WINDOW);
   Boolean bold_;
+  bool pressed_ = false;  // by a button of the mouse
   String toolTipText_;
   HWND toolTip_ = nullptr;  // owned by the edit window
   /// What is to be done with the character of the key that is down.

@@ -29,12 +29,6 @@ using ConnectionEnumerator = Enumerator<IEnumConnections, CONNECTDATA, Connectio
 
 }  // namespace
 
-std::vector<ComPtr<IUnknown>> ConnectionPoint::sinks() const {
-  std::vector<ComPtr<IUnknown>> all;
-  for (const auto& [cookie, sink] : sinks_) all.push_back(sink);
-  return all;
-}
-
 HRESULT ConnectionPoint::QueryInterface(REFIID id, void** result) {
   if (!result) return E_POINTER;
   *result = nullptr;

@@ -20,8 +20,18 @@ class ConnectionPoint final : public IConnectionPoint {
   ConnectionPoint& operator=(const ConnectionPoint&) = delete;
 
   REFIID id() const { return id_; }
-  /// The sinks connected now; they stay valid while the host connects and disconnects others.
-  std::vector<ComPtr<IUnknown>> sinks() const;
+  /// Calls `tell` with each sink in the order of their connecting. The host may connect others
+  /// meanwhile, which are not told, and disconnect some, which are told no more.
+  template <class Tell>
+  void tellEach(Tell&& tell) const {
+    const DWORD last = lastCookie_;
+    for (auto next = sinks_.begin(); next != sinks_.end() && next->first <= last;) {
+      const DWORD cookie = next->first;
+      const ComPtr<IUnknown> sink = next->second;
+      tell(*sink);
+      next = sinks_.upper_bound(cookie);
+    }
+  }
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** result) override;
   ULONG STDMETHODCALLTYPE AddRef() override { return owner_.AddRef(); }

@@ -41,8 +41,10 @@ class Enumerator final : public Object<Interface> {
   }
 
   HRESULT STDMETHODCALLTYPE Clone(Interface** result) override {
-    return guarded(__uuidof(Interface),
-                   [&] { target(result) = makeObject<Enumerator>(items_, next_).detach(); });
+    return guarded(__uuidof(Interface), [&] {
+      target(result) = nullptr;
+      *result = makeObject<Enumerator>(items_, next_).detach();
+    });
   }
 
  private:

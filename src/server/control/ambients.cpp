@@ -46,9 +46,11 @@ Ambients Ambients::of(IOleClientSite* site) {
   const auto container = ComPtr<IDispatch>::from(site);
   IDispatch* const from = container.get();
   return {flag(from, DISPID_AMBIENT_USERMODE, true),
+          flag(from, DISPID_AMBIENT_UIDEAD, false),
           color(from, DISPID_AMBIENT_BACKCOLOR, systemColor(COLOR_BTNFACE)),
           color(from, DISPID_AMBIENT_FORECOLOR, systemColor(COLOR_WINDOWTEXT)),
-          flag(from, DISPID_AMBIENT_RIGHTTOLEFT, false), fontOf(from)};
+          flag(from, DISPID_AMBIENT_RIGHTTOLEFT, false),
+          fontOf(from)};
 }
 
 }  // namespace keyscout

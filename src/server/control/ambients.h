@@ -14,6 +14,7 @@ namespace keyscout {
 /// system has it.
 struct Ambients {
   bool userMode = true;  // false while the form is being designed
+  bool uiDead = false;   // true while the host's code is stopped
   LONG backColor;
   LONG foreColor;
   bool rightToLeft = false;

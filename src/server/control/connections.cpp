@@ -32,6 +32,8 @@ HRESULT ControlObject::QuickActivate(QACONTAINER* container, QACONTROL* control)
   return call([&] {
     const QACONTAINER& given = target(container);
     QACONTROL& answer = target(control);
+    if (given.cbSize < sizeof given || answer.cbSize < sizeof answer)
+      throw ComFailure{E_INVALIDARG};
     const ULONG size = answer.cbSize;
     answer = {};
     answer.cbSize = size;
@@ -46,8 +48,9 @@ HRESULT ControlObject::QuickActivate(QACONTAINER* container, QACONTROL* control)
 }
 
 void ControlObject::propertyChanged(DISPID id) {
-  for (const ComPtr<IUnknown>& sink : propertySinks_.sinks())
-    static_cast<IPropertyNotifySink*>(sink.get())->OnChanged(id);
+  propertySinks_.tellEach(
+      [&](IUnknown& sink) { static_cast<IPropertyNotifySink&>(sink).OnChanged(id); });
+  viewChanged();
 }
 
 }  // namespace keyscout

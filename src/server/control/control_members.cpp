@@ -17,8 +17,8 @@ Variant fromVariant(const VARIANT& given) {
   OwnedVariant number;
   // Colours beyond 31 bits come as unsigned numbers, too.
   if (plain.vt == VT_UI4) return static_cast<std::int32_t>(plain.ulVal);
-  const bool isNumber = plain.vt != VT_EMPTY && plain.vt != VT_DISPATCH && plain.vt != VT_NULL &&
-                        SUCCEEDED(VariantChangeType(&number, &plain, 0, VT_R8));
+  const bool isNumber =
+      plain.vt != VT_DISPATCH && SUCCEEDED(VariantChangeType(&number, &plain, 0, VT_R8));
   if (!isNumber) return std::monostate{};
   return number.dblVal;
 }
@@ -82,6 +82,7 @@ HRESULT ControlObject::get_Enabled(VARIANT_BOOL* result) {
 HRESULT ControlObject::put_Enabled(VARIANT_BOOL value) {
   return call([&] {
     control_.setEnabled(fromVariantBool(value));
+    if (inPlaceSite_) surface_.setEnabled(takesInput());
     propertyChanged(0x68030007);
   });
 }

@@ -164,6 +164,7 @@ class ControlObject final
   void workEnds() noexcept override { Release(); }
   void listClosedByUser() noexcept override { control_.hideList(); }
   void wantedKeysChanged() noexcept override;
+  void windowDestroyed() noexcept override;
   void focusCame() noexcept override;
   void focusLeft() noexcept override;
 
@@ -171,7 +172,9 @@ class ControlObject final
   void activateUi();
   void deactivateUi();
   void deactivateInPlace();
+  void tellFocus(bool got);
   void applyAmbients();
+  bool takesInput() const;
   bool isRightToLeft() const;
   void viewChanged();
   void propertyChanged(DISPID id);
@@ -186,6 +189,7 @@ class ControlObject final
   ComPtr<IOleInPlaceFrame> frame_;
   ComPtr<IOleInPlaceUIWindow> document_;
   bool uiActive_ = false;
+  bool focusTold_ = false;  // the container believes that the control has the focus
   Ambients ambients_ = Ambients::of(nullptr);
   SIZEL extent_{};  // HIMETRIC
 

@@ -54,14 +54,13 @@ void EventSource::raise(DISPID id, std::initializer_list<VARIANT> arguments) {
   if (isFrozen()) return;
   std::vector<VARIANT> lastFirst{arguments};
   std::reverse(lastFirst.begin(), lastFirst.end());
-  for (const ComPtr<IUnknown>& sink : point_.sinks()) {
+  point_.tellEach([&](IUnknown& sink) {
     DISPPARAMS parameters{lastFirst.data(), nullptr, static_cast<UINT>(lastFirst.size()), 0};
     OwnedVariant ignored;
     // A sink of an event interface is called by number alone. Its failures stay its own.
-    static_cast<IDispatch*>(sink.get())
-        ->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, &ignored, nullptr,
-                 nullptr);
-  }
+    static_cast<IDispatch&>(sink).Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD,
+                                         &parameters, &ignored, nullptr, nullptr);
+  });
 }
 
 void EventSource::Change() { raise(Event::change); }

@@ -30,8 +30,13 @@ void ControlObject::activateInPlace() {
   }
   surface_.clipTo(position, clip);
   surface_.setRightToLeft(isRightToLeft());
-  surface_.setEnabled(ambients_.userMode && control_.Enabled());
+  surface_.setEnabled(takesInput());
   if (site_) site_->ShowObject();
+}
+
+/// On a form that is being designed the mouse is the designer's.
+bool ControlObject::takesInput() const {
+  return ambients_.userMode && !ambients_.uiDead && control_.Enabled();
 }
 
 /// As the container says, or as its window is.
@@ -79,6 +84,7 @@ void ControlObject::deactivateInPlace() {
   frame_ = nullptr;
   document_ = nullptr;
   surface_.park();
+  tellFocus(false);
   if (site) site->OnInPlaceDeactivate();
 }
 
@@ -86,15 +92,27 @@ void ControlObject::focusCame() noexcept {
   guarded(IID_NULL, [&] {
     if (!inPlaceSite_) return;
     activateUi();
-    if (const auto site = ComPtr<IOleControlSite>::from(site_.get())) site->OnFocus(TRUE);
+    tellFocus(true);
   });
 }
 
 void ControlObject::focusLeft() noexcept {
-  guarded(IID_NULL, [&] {
-    if (!inPlaceSite_) return;
-    if (const auto site = ComPtr<IOleControlSite>::from(site_.get())) site->OnFocus(FALSE);
-  });
+  guarded(IID_NULL, [&] { tellFocus(false); });
+}
+
+void ControlObject::tellFocus(bool got) {
+  if (got == std::exchange(focusTold_, got)) return;
+  if (const auto site = ComPtr<IOleControlSite>::from(site_.get())) site->OnFocus(got);
+}
+
+/// The container took its window away without a word. It is not told what it has done, and may
+/// activate the control again on another window.
+void ControlObject::windowDestroyed() noexcept {
+  uiActive_ = false;
+  focusTold_ = false;
+  inPlaceSite_ = nullptr;
+  frame_ = nullptr;
+  document_ = nullptr;
 }
 
 void ControlObject::wantedKeysChanged() noexcept {

@@ -22,7 +22,10 @@ HRESULT ControlObject::SetClientSite(IOleClientSite* site) {
 }
 
 HRESULT ControlObject::GetClientSite(IOleClientSite** result) {
-  return call([&] { target(result) = ComPtr<IOleClientSite>{site_}.detach(); });
+  return call([&] {
+    target(result) = nullptr;
+    *result = ComPtr<IOleClientSite>{site_}.detach();
+  });
 }
 
 HRESULT ControlObject::Close(DWORD) {
@@ -45,8 +48,10 @@ HRESULT ControlObject::GetClipboardData(DWORD, IDataObject** result) {
 }
 
 HRESULT ControlObject::DoVerb(LONG verb, LPMSG, IOleClientSite*, LONG, HWND, LPCRECT) {
-  return call([&] {
-    switch (verb) {
+  // Containers may ask for a verb that the control has not; it does then what the first one does.
+  const bool isUnknown = verb > OLEIVERB_PRIMARY;
+  const HRESULT result = call([&] {
+    switch (isUnknown ? OLEIVERB_PRIMARY : verb) {
       case OLEIVERB_PRIMARY:
       case OLEIVERB_SHOW:
       case OLEIVERB_OPEN:
@@ -58,11 +63,10 @@ HRESULT ControlObject::DoVerb(LONG verb, LPMSG, IOleClientSite*, LONG, HWND, LPC
       case OLEIVERB_INPLACEACTIVATE: activateInPlace(); break;
       case OLEIVERB_HIDE: deactivateInPlace(); break;
       case OLEIVERB_DISCARDUNDOSTATE: break;
-      default:
-        if (verb < 0) throw ComFailure{E_NOTIMPL};
-        throw ComFailure{OLEOBJ_E_INVALIDVERB};
+      default: throw ComFailure{E_NOTIMPL};
     }
   });
+  return isUnknown && SUCCEEDED(result) ? OLEOBJ_S_INVALIDVERB : result;
 }
 
 HRESULT ControlObject::EnumVerbs(IEnumOLEVERB** result) {
@@ -162,8 +166,7 @@ void ControlObject::applyAmbients() {
   surface_.setBaseFont(ambients_.font ? &*ambients_.font : nullptr);
   surface_.setBackground(ambients_.backColor);
   surface_.setRightToLeft(isRightToLeft());
-  // On a form that is being designed the mouse is the designer's.
-  if (inPlaceSite_) surface_.setEnabled(ambients_.userMode && control_.Enabled());
+  if (inPlaceSite_) surface_.setEnabled(takesInput());
   viewChanged();
 }
 

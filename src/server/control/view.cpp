@@ -37,6 +37,7 @@ HRESULT ControlObject::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC
     if (!context) throw ComFailure{E_POINTER};
     const RECTL& given = target(bounds);
     RECT area{given.left, given.top, given.right, given.bottom};
+    if (area.left == area.right || area.top == area.bottom) return;
     const SavedContext saved{context};
 
     // The target may have any resolution: everything is as large as the control is drawn.

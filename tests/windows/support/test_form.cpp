@@ -87,7 +87,11 @@ TestForm::TestForm(int controls) : window_(makeForm()) {
       [this](DISPID event, DISPPARAMS& arguments) { note(event, arguments); });
   for (int i = 0; i < controls; ++i) {
     const auto site = makeObject<ControlSite>(window_);
-    site->onCall = [this](const char* call) { calls_.emplace_back(call); };
+    site->onCall = [this](const char* call) {
+      calls_.emplace_back(call);
+      const auto answer = answers.find(call);
+      return answer == answers.end() ? S_OK : answer->second;
+    };
     site->create(CLSID_keyscoutControl, {20, 10 + 40 * i, 220, 34 + 40 * i});
     site->connect(DIID___keyscoutControl, sink.get());
     sites_.push_back(site);

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -47,6 +48,8 @@ class TestForm {
   /// moves are left out.
   Log takeEvents() { return std::exchange(events_, {}); }
   Log takeCalls() { return std::exchange(calls_, {}); }
+  /// What the sites answer to calls of these names; S_OK to all others.
+  std::map<std::string, HRESULT> answers;
   /// Runs inside every event, after it was noted.
   std::function<void(const std::string& name, DISPPARAMS& arguments)> onEvent;
 
