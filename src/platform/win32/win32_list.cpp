@@ -267,6 +267,13 @@ void Win32List::fitDropDown() {
                open.right - open.left, height, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+void Win32List::raise() {
+  // Asked to raise a window that counts as the topmost one, such a system does nothing.
+  for (const HWND level : {HWND_NOTOPMOST, HWND_TOPMOST})
+    SetWindowPos(dropDown_.window(), level, 0, 0, 0, 0,
+                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOOWNERZORDER);
+}
+
 void Win32List::scroll(WPARAM wParam, LPARAM lParam) {
   SendMessageW(dropDown_.window(), WM_MOUSEWHEEL, wParam, lParam);
 }

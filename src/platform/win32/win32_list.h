@@ -37,6 +37,8 @@ class Win32List final : public DropDownList {
   void drawEntry(const DRAWITEMSTRUCT& item) const;
   /// What the combo box tells the surface.
   void onNotification(WORD code);
+  /// Puts the open list above all windows again: some systems raise a form that gets the focus.
+  void raise();
   void scroll(WPARAM wParam, LPARAM lParam);
   /// Runs `move`, which takes the focus off the list, and leaves the list open if it was.
   template <class Move>

@@ -192,6 +192,7 @@ void Win32Surface::setEnabled(Boolean enabled) { EnableWindow(window_, enabled ?
 
 void Win32Surface::focusCame(FocusPlace place) {
   if (!form_->followsFocus()) return;
+  if (list_ && list_->isDropped()) list_->raise();
   owner_.focusCame();
   focusTracker().moveTo(*this, place);
 }
