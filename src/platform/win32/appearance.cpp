@@ -60,4 +60,9 @@ COLORREF colorOf(LONG oleColor, COLORREF otherwise) {
   return known ? color : otherwise;
 }
 
+void setStyle(HWND window, int which, LONG_PTR bits, bool on) {
+  const LONG_PTR before = GetWindowLongPtrW(window, which);
+  SetWindowLongPtrW(window, which, on ? before | bits : before & ~bits);
+}
+
 }  // namespace keyscout

@@ -31,6 +31,9 @@ int lineHeight(HFONT font);
 /// colour gives `otherwise`.
 COLORREF colorOf(LONG oleColor, COLORREF otherwise);
 
+/// Sets or clears `bits` of one of a window's styles, GWL_STYLE or GWL_EXSTYLE.
+void setStyle(HWND window, int which, LONG_PTR bits, bool on);
+
 /// The OLE colour that stands for a colour of the system.
 constexpr LONG systemColor(int index) {
   return static_cast<LONG>(0x80000000u | static_cast<unsigned>(index));

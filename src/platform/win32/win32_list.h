@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "platform/widgets.h"
 #include "platform/win32/subclass.h"
 
@@ -8,8 +10,7 @@ namespace keyscout {
 class Win32Surface;
 
 /// The drop-down list of a control: a combo box behind the text box, so that its own edit part is
-/// hidden and the part that drops down stands below the text box. Lengths are pixels. Once the
-/// window is gone the list is empty and does nothing.
+/// hidden and the part that drops down stands below the text box. Lengths are pixels.
 ///
 /// What is selected is kept here as well: in an open list the entry under the mouse pointer counts
 /// as the combo box's selection, and opening it makes one of its own.
@@ -115,8 +116,7 @@ class Win32List final : public DropDownList {
   void restoreSelection();
   void fitToFont();
   void fitDropDown();
-  template <class Report>
-  void report(Report&& report);
+  void report(const std::function<void(DropDownListReports&)>& report);
 
   Win32Surface& surface_;
   DropDownListReports* reports_;

@@ -73,7 +73,7 @@ void Win32Surface::observe(SurfaceReports* surface, TextBoxReports* textBox) {
 
 bool Win32Surface::placeOn(HWND parent, const RECT& at) {
   if (!window_ || !SetParent(window_, parent)) return false;
-  tellParent(true);
+  setStyle(window_, GWL_EXSTYLE, WS_EX_NOPARENTNOTIFY, false);
   refreshFont();
   moveTo(at);
   ShowWindow(window_, SW_SHOWNA);
@@ -106,13 +106,7 @@ void Win32Surface::park() {
   if (hasFocus()) SetFocus(GetParent(window_));
   ShowWindow(window_, SW_HIDE);
   SetParent(window_, HWND_MESSAGE);
-  tellParent(false);
-}
-
-void Win32Surface::tellParent(bool tell) {
-  const LONG_PTR style = GetWindowLongPtrW(window_, GWL_EXSTYLE);
-  constexpr LONG_PTR quiet = WS_EX_NOPARENTNOTIFY;
-  SetWindowLongPtrW(window_, GWL_EXSTYLE, tell ? style & ~quiet : style | quiet);
+  setStyle(window_, GWL_EXSTYLE, WS_EX_NOPARENTNOTIFY, true);
 }
 
 SIZE Win32Surface::size() const {

@@ -129,7 +129,6 @@ class Win32Surface final : public ControlSurface, public BusyCount, private Focu
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   static bool isSurface(HWND window);
   void createWindow();
-  void tellParent(bool tell);
   LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam);
   void onCommand(HWND from, WORD code);
   void onDestroy();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "platform/widgets.h"
 #include "platform/win32/appearance.h"
 #include "platform/win32/subclass.h"
@@ -8,8 +10,7 @@ namespace keyscout {
 
 class Win32Surface;
 
-/// The text box of a control: an edit window at the surface's origin. Lengths are pixels. Once its
-/// window is gone its text is empty and writing to it changes nothing.
+/// The text box of a control: an edit window at the surface's origin. Lengths are pixels.
 class Win32TextBox final : public TextBox, private Subclass {
  public:
   explicit Win32TextBox(Win32Surface& surface);
@@ -66,8 +67,7 @@ class Win32TextBox final : public TextBox, private Subclass {
   static HWND makeWindow(HWND parent, bool rightToLeft);
   RECT place() const;
 
-  template <class Report>
-  void report(Report&& report);
+  void report(const std::function<void(TextBoxReports&)>& report);
 
   Win32Surface& surface_;
   TextBoxReports* reports_ = nullptr;
