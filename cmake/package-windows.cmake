@@ -2,8 +2,12 @@
 # of its own, and beside them what is the same for both.
 set(host ${PROJECT_SOURCE_DIR}/src/apps/windows_host)
 configure_file(${host}/README.txt README.txt @ONLY NEWLINE_STYLE CRLF)
-install(FILES ${CMAKE_BINARY_DIR}/README.txt ${PROJECT_SOURCE_DIR}/samples/catalog.txt
-  DESTINATION . COMPONENT windows-common)
+install(FILES ${CMAKE_BINARY_DIR}/README.txt DESTINATION . COMPONENT windows-common)
+# Made by the program for the building machine, so scripts/package-windows says where it is.
+set(KEYSCOUT_SAMPLE_CATALOG "" CACHE PATH "The data directory that the zip brings along")
+if(KEYSCOUT_SAMPLE_CATALOG)
+  install(DIRECTORY ${KEYSCOUT_SAMPLE_CATALOG}/ DESTINATION sample COMPONENT windows-common)
+endif()
 install(FILES ${host}/scripts/lookup.vbs ${host}/scripts/lookup.js
   DESTINATION scripts COMPONENT windows-common)
 

@@ -1,5 +1,5 @@
 // keyscout_host [--right-to-left] [DIRECTORY]: a form with two lookup controls on the catalog data
-// in DIRECTORY, or in the folder "sample" beside the program. keyscout.dll must be registered.
+// in DIRECTORY, or in the folder "sample" beside the program's own. keyscout.dll must be registered.
 
 #include <windows.h>
 
@@ -14,13 +14,13 @@
 
 namespace {
 
-std::wstring directoryBesideProgram() {
+std::wstring sampleDirectory() {
   const std::wstring path = keyscout::pathOf(nullptr);
-  return path.substr(0, path.find_last_of(L'\\') + 1) + L"sample";
+  return path.substr(0, path.find_last_of(L'\\') + 1) + L"..\\sample";
 }
 
 struct Options {
-  std::wstring directory = directoryBesideProgram();
+  std::wstring directory = sampleDirectory();
   bool rightToLeft = false;
 };
 
