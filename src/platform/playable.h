@@ -40,7 +40,7 @@ class PlayableSurface : public ControlSurface {
 
   /// Names who is told when the person closed the list without choosing from it, as by Escape: not
   /// the control, so a host closes its list then. Never called by toolkits that cannot do that.
-  virtual void whenListIsClosed(std::function<void()> /*tell*/) {}
+  virtual void whenListIsClosed(const std::function<void()>& /*tell*/) {}
 };
 
 /// A form and the person before it. Keys and pasted text go to what has the focus, and are lost

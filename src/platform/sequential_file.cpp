@@ -8,7 +8,7 @@ namespace {
 
 // Large enough to make system calls rare, small enough that a block stays in the processor's
 // first cache between being read and being searched.
-constexpr std::size_t blockSize = 16 * 1024;
+constexpr std::size_t blockSize = 16384;
 
 }  // namespace
 

@@ -9,7 +9,7 @@ namespace keyscout {
 
 String decimal(int number) {
   const std::string digits = std::to_string(number);
-  return String(digits.begin(), digits.end());
+  return {digits.begin(), digits.end()};
 }
 
 std::int32_t parseInt32(StringView text) {

@@ -27,7 +27,7 @@ class Win32FormSurface final : public PlayableSurface, private SurfaceOwner {
   void click(std::int16_t entry) override;
   void mouse(MouseReport report, std::int16_t button, std::int16_t shift, float x,
              float y) override;
-  void whenListIsClosed(std::function<void()> tell) override { tellClosed_ = std::move(tell); }
+  void whenListIsClosed(const std::function<void()>& tell) override { tellClosed_ = tell; }
 
   // ControlSurface
   void observe(SurfaceReports* surface, TextBoxReports* textBox) override {
