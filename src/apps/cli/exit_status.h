@@ -1,14 +1,12 @@
 #pragma once
 
-namespace keyscout {
-
 /// What the program's commands exit with.
-namespace ExitStatus {
+namespace keyscout::ExitStatus {
+
 inline constexpr int success = 0;
 /// The work was done and its answer is no: findings, nothing covered, a malformed command.
 inline constexpr int negative = 1;
 /// The work could not be begun: wrong arguments, nothing to read, no terminal.
 inline constexpr int unusable = 2;
-}  // namespace ExitStatus
 
-}  // namespace keyscout
+}  // namespace keyscout::ExitStatus

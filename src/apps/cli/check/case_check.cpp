@@ -10,7 +10,7 @@ namespace {
 
 // 16 MB; with ten million noted numbers one other number in thirteen falls on a noted bit.
 constexpr std::size_t bitCount = std::size_t{1} << 27;
-constexpr std::size_t sortMemory = 64 * 1024 * 1024;
+constexpr std::size_t sortMemory = std::size_t{64} * 1024 * 1024;
 
 /// Where a number stands, as it goes along through the sort, and the number itself.
 struct Where {

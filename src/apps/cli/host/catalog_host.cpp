@@ -44,7 +44,7 @@ void CatalogHost::start(const DataDirectory& directory) {
   controller_.setKeyscoutEnabled(True);
 }
 
-std::string onOneLine(std::string text) {
+std::string onOneLine(std::string_view text) {
   std::string line;
   for (const char character : text) {
     if (character == '\r') continue;

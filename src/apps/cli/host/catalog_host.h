@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "apps/cli/host/data_directory.h"
 #include "apps/cli/host/failure_trace.h"
@@ -54,6 +55,6 @@ class CatalogHost {
 };
 
 /// `text` on one line, for messages that the component breaks into several.
-std::string onOneLine(std::string text);
+std::string onOneLine(std::string_view text);
 
 }  // namespace keyscout

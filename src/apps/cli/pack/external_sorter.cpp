@@ -62,7 +62,7 @@ void ExternalSorter::startMerging() {
 }
 
 std::filesystem::path ExternalSorter::merge(std::span<const std::filesystem::path> runs) {
-  const std::filesystem::path result = newRun();
+  std::filesystem::path result = newRun();
   {
     OutputFile file{result};
     RunMerger merger{runs, memory_};

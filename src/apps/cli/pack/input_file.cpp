@@ -8,7 +8,7 @@ namespace keyscout {
 namespace {
 
 // The reader's buffer doubles while one line fills it, so its free room tells how long a line is.
-constexpr std::size_t mostRoom = 4 * 1024 * 1024;
+constexpr std::size_t mostRoom = std::size_t{4} * 1024 * 1024;
 
 }  // namespace
 

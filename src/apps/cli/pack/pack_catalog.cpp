@@ -144,7 +144,7 @@ PackSummary packCatalog(const PackOptions& options, const PackProgress& progress
 
   std::filesystem::create_directories(options.directory);
   ControlFile control{options.directory};
-  const PackSummary summary = packInto(options.directory, options, progress, download);
+  PackSummary summary = packInto(options.directory, options, progress, download);
   control.setReady();
   return summary;
 } catch (const PackError&) {

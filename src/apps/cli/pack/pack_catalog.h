@@ -18,7 +18,7 @@ struct PackOptions {
   /// Unless given, 200 or as many as it takes to get by with the 1001 tables of an index.
   std::optional<std::uint64_t> linesPerTable;
   /// About what a pack of any size takes, in bytes, besides the distinct brands.
-  std::size_t memory = 80 * 1024 * 1024;
+  std::size_t memory = std::size_t{80} * 1024 * 1024;
 };
 
 /// What a pack made; the names are those that a host is configured with.

@@ -5,8 +5,8 @@
 namespace keyscout {
 namespace {
 
-constexpr std::size_t leastReadAhead = 4 * 1024;
-constexpr std::size_t mostReadAhead = 1024 * 1024;
+constexpr std::size_t leastReadAhead = 4096;
+constexpr std::size_t mostReadAhead = std::size_t{1024} * 1024;
 
 }  // namespace
 

@@ -80,7 +80,7 @@ std::size_t Dialog::choose(const std::vector<std::wstring>& buttons) {
     if (input.kind == Input::Kind::host) return buttons.size() - 1;
     if (input.kind != Input::Kind::key) continue;
     switch (input.keyCode) {
-      case KeyCodes::enter: return chosen_;
+      case KeyCodes::enter:
       case u' ': return chosen_;
       case KeyCodes::escape: return buttons.size() - 1;
       case KeyCodes::left:
