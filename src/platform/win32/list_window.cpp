@@ -91,12 +91,12 @@ LRESULT Win32List::onKeyDown(UINT message, WPARAM wParam, LPARAM lParam) {
 
 /// An open list has the mouse to itself, and closes on a press beside it. Where that was meant for
 /// a text box of ours, the text box gets it as well.
-LRESULT Win32List::onPress(Part& part, WPARAM wParam, LPARAM lParam) {
+LRESULT Win32List::onPress(Part& part, UINT message, WPARAM wParam, LPARAM lParam) {
   POINT at{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
   ClientToScreen(part.window(), &at);
   const HWND under = WindowFromPoint(at);
   const bool isBeside = under != part.window() && Subclass::isAttached(under);
-  const LRESULT result = part.original(WM_LBUTTONDOWN, wParam, lParam);
+  const LRESULT result = part.original(message, wParam, lParam);
   if (!isBeside || !IsWindow(under)) return result;
   ScreenToClient(under, &at);
   SendMessageW(under, WM_LBUTTONDOWN, wParam, MAKELPARAM(at.x, at.y));
@@ -106,7 +106,8 @@ LRESULT Win32List::onPress(Part& part, WPARAM wParam, LPARAM lParam) {
 LRESULT Win32List::onDropDownMessage(Part& part, UINT message, WPARAM wParam, LPARAM lParam) {
   // A scroll bar that comes or goes on the left moves what is drawn already.
   if (message == WM_SIZE) InvalidateRect(part.window(), nullptr, TRUE);
-  if (message == WM_LBUTTONDOWN) return onPress(part, wParam, lParam);
+  const bool isPress = message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK;
+  if (isPress) return onPress(part, message, wParam, lParam);
   if (message != WM_MOUSEMOVE) return part.original(message, wParam, lParam);
   SetCursor(LoadCursorW(nullptr, IDC_ARROW));
   // A list that opens below a pointer at rest is told of a move, too.

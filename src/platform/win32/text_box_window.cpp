@@ -84,7 +84,7 @@ void Win32TextBox::reportMouse(UINT message, WPARAM wParam, LPARAM lParam) {
     case MouseInput::Kind::move:
       return report([&](TextBoxReports& to) { to.mouseMoved(input.button, shift, x, y); });
     case MouseInput::Kind::down:
-      pressed_ = true;
+      pressed_ = message == WM_LBUTTONDOWN;
       return report([&](TextBoxReports& to) { to.mouseDown(input.button, shift, x, y); });
     case MouseInput::Kind::doubleClick:
       pressed_ = false;  // its release is no click of its own

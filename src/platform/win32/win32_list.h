@@ -108,7 +108,7 @@ class Win32List final : public DropDownList {
   LRESULT onComboMessage(Part& part, UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT onEditMessage(Part& part, UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT onDropDownMessage(Part& part, UINT message, WPARAM wParam, LPARAM lParam);
-  LRESULT onPress(Part& part, WPARAM wParam, LPARAM lParam);
+  LRESULT onPress(Part& part, UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT onKeyDown(UINT message, WPARAM wParam, LPARAM lParam);
 
   LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;

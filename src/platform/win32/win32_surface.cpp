@@ -83,6 +83,7 @@ bool Win32Surface::placeOn(HWND parent, const RECT& at) {
 void Win32Surface::moveTo(const RECT& at) {
   const SIZE size = sizeOf(at);
   SetWindowPos(window_, nullptr, at.left, at.top, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+  if (list_ && list_->isDropped()) list_->setWidth(list_->width());  // opens below its new place
 }
 
 void Win32Surface::resize(SIZE pixels) {
@@ -187,8 +188,9 @@ void Win32Surface::setEnabled(Boolean enabled) { EnableWindow(window_, enabled ?
 void Win32Surface::focusCame(FocusPlace place) {
   if (!form_->followsFocus()) return;
   if (list_ && list_->isDropped()) list_->raise();
-  owner_.focusCame();
+  // The host may move the focus when it is told, so it is told last.
   focusTracker().moveTo(*this, place);
+  if (hasFocus()) owner_.focusCame();
 }
 
 void Win32Surface::focusGoes(HWND next) {

@@ -81,6 +81,7 @@ void ControlObject::deactivateInPlace() {
   deactivateUi();
   control_.hideList();
   const auto site = std::exchange(inPlaceSite_, nullptr);
+  uiActive_ = false;  // the container may have asked for it in the middle of this
   frame_ = nullptr;
   document_ = nullptr;
   surface_.park();
