@@ -103,6 +103,61 @@ TEST(Container, AnInactiveControlKeepsNoFocus) {
   }
 }
 
+TEST(Container, TheHostMayMoveTheFocusWhenItIsTold) {
+  for (const char* when : {"OnUIActivate", "SetActiveObject", "OnFocus"}) {
+    SCOPED_TRACE(when);
+    TestForm form{2};
+    bool moved = false;
+    form.onCall = [&](const std::string& call) {
+      if (call == when && !std::exchange(moved, true)) SetFocus(form.edit(1));
+    };
+    SetFocus(form.edit(0));
+    form.pump();
+    EXPECT_EQ(GetFocus(), form.edit(1));
+    EXPECT_FALSE(form.combo(0));
+    form.type("ab");
+    EXPECT_TRUE(form.isOpen(1));
+    EXPECT_EQ(form.text(1), "ab");
+  }
+}
+
+TEST(Container, ActivationInTheMiddleOfDeactivationIsOver) {
+  TestForm form;
+  form.enter();
+  const auto object = form.site().controlAs<IOleObject>();
+  const auto activate = [&] {
+    return object->DoVerb(OLEIVERB_UIACTIVATE, nullptr, &form.site(), 0, form.window(), nullptr);
+  };
+  form.onCall = [&](const std::string& call) {
+    if (call == "OnUIDeactivate") activate();
+  };
+  form.site().controlAs<IOleInPlaceObject>()->InPlaceDeactivate();
+  form.onCall = nullptr;
+  EXPECT_EQ(GetFocus(), form.window());
+  form.takeCalls();
+  EXPECT_EQ(activate(), S_OK);
+  EXPECT_EQ(GetFocus(), form.edit());
+  EXPECT_EQ(form.takeCalls(), (Calls{"CanInPlaceActivate", "OnInPlaceActivate", "GetWindowContext",
+                                     "ShowObject", "OnUIActivate", "SetActiveObject", "OnFocus"}));
+}
+
+TEST(Container, AnOpenListFollowsTheControl) {
+  TestForm form;
+  form.enter();
+  form.type("ab");
+  form.site().moveTo({60, 90, 260, 114});
+  const auto top = [](HWND window) {
+    RECT place{};
+    GetWindowRect(window, &place);
+    return POINT{place.left, place.top};
+  };
+  RECT box{};
+  GetWindowRect(form.edit(), &box);
+  EXPECT_TRUE(form.isOpen());
+  EXPECT_EQ(top(form.dropDown()).x, box.left);
+  EXPECT_LE(std::abs(top(form.dropDown()).y - box.bottom), 1);
+}
+
 TEST(Container, AControlOutlivesItsForm) {
   TestForm next;
   TestForm form;

@@ -15,6 +15,15 @@ StringView nameOf(TraceCall::Kind kind) {
   return {};
 }
 
+std::string lineOf(const TraceCall& call) {
+  std::string line =
+      toUtf8(nameOf(call.kind)) + ' ' + toUtf8(call.className) + '.' + toUtf8(call.procName);
+  if (call.kind == TraceCall::Kind::reportError)
+    line += ": " + std::to_string(call.errorNumber) + " (" + toUtf8(call.errorSource) + ')';
+  if (!call.text.empty()) line += ": " + toUtf8(call.text);
+  return line;
+}
+
 void RecordingTrace::enterProcedure(StringView className, StringView procName,
                                     std::int32_t traceLevel) {
   record({TraceCall::Kind::enterProcedure,
@@ -60,13 +69,6 @@ void RecordingTrace::logMessage(StringView className, StringView procName, Strin
           traceLevel});
 }
 
-void StreamTrace::record(TraceCall call) {
-  stream_ << toUtf8(nameOf(call.kind)) << ' ' << toUtf8(call.className) << '.'
-          << toUtf8(call.procName);
-  if (call.kind == TraceCall::Kind::reportError)
-    stream_ << ": " << call.errorNumber << " (" << toUtf8(call.errorSource) << ')';
-  if (!call.text.empty()) stream_ << ": " << toUtf8(call.text);
-  stream_ << '\n';
-}
+void StreamTrace::record(TraceCall call) { stream_ << lineOf(call) << '\n'; }
 
 }  // namespace keyscout

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <ostream>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -32,6 +33,9 @@ struct TraceCall {
 
 /// The name of the operation that was called.
 StringView nameOf(TraceCall::Kind kind);
+
+/// The call as a line of UTF-8, without its end.
+std::string lineOf(const TraceCall& call);
 
 /// Passes every call on as one value.
 class RecordingTrace : public TraceService {

@@ -110,6 +110,10 @@ void Win32List::takeDirection() {
   });
 }
 
+void Win32List::takePlace() {
+  rearrange([&] { fitDropDown(); });
+}
+
 /// Entries begin where the text box's text does, which list boxes of the system do not.
 void Win32List::drawEntry(const DRAWITEMSTRUCT& item) const {
   const bool isSelected = (item.itemState & ODS_SELECTED) != 0;

@@ -34,7 +34,7 @@ class Subclass {
   Subclass(const Subclass&) = delete;
   Subclass& operator=(const Subclass&) = delete;
 
-  /// Begins with `window`, which must be destroyed before this object is.
+  /// Begins with `window`, which must be detached or destroyed before this object is.
   void attach(HWND window);
   /// Leaves the window to itself, also while a message of it is being worked on.
   void detach();

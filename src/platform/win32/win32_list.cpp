@@ -39,10 +39,8 @@ void Win32List::setTop(float top) {
   fitDropDown();
 }
 void Win32List::setWidth(float width) {
-  rearrange([&] {
-    width_ = static_cast<int>(width);
-    fitDropDown();
-  });
+  width_ = static_cast<int>(width);
+  takePlace();
 }
 
 void Win32List::setTabStop(Boolean tabStop) {

@@ -35,6 +35,8 @@ class Win32List final : public DropDownList {
   void takeFont();
   /// Takes on the direction that the surface has now.
   void takeDirection();
+  /// Stands below the text box again after the surface has moved.
+  void takePlace();
   void drawEntry(const DRAWITEMSTRUCT& item) const;
   /// What the combo box tells the surface.
   void onNotification(WORD code);

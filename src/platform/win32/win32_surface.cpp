@@ -83,7 +83,7 @@ bool Win32Surface::placeOn(HWND parent, const RECT& at) {
 void Win32Surface::moveTo(const RECT& at) {
   const SIZE size = sizeOf(at);
   SetWindowPos(window_, nullptr, at.left, at.top, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
-  if (list_ && list_->isDropped()) list_->setWidth(list_->width());  // opens below its new place
+  if (list_) list_->takePlace();
 }
 
 void Win32Surface::resize(SIZE pixels) {

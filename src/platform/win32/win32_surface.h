@@ -42,7 +42,7 @@ class SurfaceOwner {
 /// Windows whose procedures may be running are never destroyed: until the outermost message or call
 /// has returned they are only put out of sight. So a host may take the control apart from inside
 /// any event. Where the host destroys the window that the surface stands on, the surface gets a new
-/// one out of sight, with the text box as it was.
+/// one out of sight, with the widgets as they were.
 class Win32Surface final : public ControlSurface, public BusyCount, private FocusReports {
  public:
   /// `owner` must outlive the surface.

@@ -76,7 +76,7 @@ class Win32TextBox final : public TextBox, private Subclass {
   std::int32_t foreColor_ = systemColor(COLOR_WINDOWTEXT);
   std::int32_t backColor_ = systemColor(COLOR_WINDOW);
   Boolean bold_;
-  bool pressed_ = false;  // by a button of the mouse
+  bool pressed_ = false;  // by the left button of the mouse
   String toolTipText_;
   HWND toolTip_ = nullptr;  // owned by the edit window
   /// What is to be done with the character of the key that is down.

@@ -172,6 +172,7 @@ class ControlObject final
   void activateUi();
   void deactivateUi();
   void deactivateInPlace();
+  ComPtr<IOleInPlaceSite> leaveSite();
   void tellFocus(bool got);
   void applyAmbients();
   bool takesInput() const;

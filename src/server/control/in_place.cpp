@@ -56,8 +56,6 @@ void ControlObject::activateUi() {
     throw ComFailure{answer};
   }
   // Telling the container may have ended it all.
-  if (!uiActive_) return;
-  if (!surface_.hasFocus()) surface_.takeFocus();
   const auto frame = frame_;
   const auto document = document_;
   if (frame && uiActive_) frame->SetActiveObject(this, nullptr);
@@ -80,13 +78,18 @@ void ControlObject::deactivateInPlace() {
   if (!inPlaceSite_) return;
   deactivateUi();
   control_.hideList();
-  const auto site = std::exchange(inPlaceSite_, nullptr);
-  uiActive_ = false;  // the container may have asked for it in the middle of this
-  frame_ = nullptr;
-  document_ = nullptr;
+  const auto site = leaveSite();
   surface_.park();
   tellFocus(false);
   if (site) site->OnInPlaceDeactivate();
+}
+
+/// The container may have activated the control in the middle of its deactivation: that is over.
+ComPtr<IOleInPlaceSite> ControlObject::leaveSite() {
+  uiActive_ = false;
+  frame_ = nullptr;
+  document_ = nullptr;
+  return std::exchange(inPlaceSite_, nullptr);
 }
 
 void ControlObject::focusCame() noexcept {
@@ -109,11 +112,8 @@ void ControlObject::tellFocus(bool got) {
 /// The container took its window away without a word. It is not told what it has done, and may
 /// activate the control again on another window.
 void ControlObject::windowDestroyed() noexcept {
-  uiActive_ = false;
+  leaveSite();
   focusTold_ = false;
-  inPlaceSite_ = nullptr;
-  frame_ = nullptr;
-  document_ = nullptr;
 }
 
 void ControlObject::wantedKeysChanged() noexcept {

@@ -58,7 +58,9 @@ HRESULT ControlObject::DoVerb(LONG verb, LPMSG, IOleClientSite*, LONG, HWND, LPC
       case OLEIVERB_UIACTIVATE:
         activateInPlace();
         // A form that is being designed gives no control the focus.
-        if (verb != OLEIVERB_SHOW && ambients_.userMode) activateUi();
+        if (verb == OLEIVERB_SHOW || !ambients_.userMode) break;
+        activateUi();
+        if (uiActive_ && !surface_.hasFocus()) surface_.takeFocus();
         break;
       case OLEIVERB_INPLACEACTIVATE: activateInPlace(); break;
       case OLEIVERB_HIDE: deactivateInPlace(); break;

@@ -89,6 +89,7 @@ TestForm::TestForm(int controls) : window_(makeForm()) {
     const auto site = makeObject<ControlSite>(window_);
     site->onCall = [this](const char* call) {
       calls_.emplace_back(call);
+      if (onCall) onCall(call);
       const auto answer = answers.find(call);
       return answer == answers.end() ? S_OK : answer->second;
     };

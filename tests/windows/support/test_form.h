@@ -48,6 +48,8 @@ class TestForm {
   /// moves are left out.
   Log takeEvents() { return std::exchange(events_, {}); }
   Log takeCalls() { return std::exchange(calls_, {}); }
+  /// Runs inside every call on a site, after it was noted.
+  std::function<void(const std::string& name)> onCall;
   /// What the sites answer to calls of these names; S_OK to all others.
   std::map<std::string, HRESULT> answers;
   /// Runs inside every event, after it was noted.
