@@ -118,8 +118,9 @@ TEST(Appearance, DirectionReachesBothWindows) {
     EXPECT_EQ(GetWindowLongPtrW(form.edit(), GWL_EXSTYLE) & WS_EX_RIGHT,
               rightToLeft ? WS_EX_RIGHT : 0);
     EXPECT_EQ(GetWindowLongPtrW(form.edit(), GWL_STYLE) & ES_RIGHT, rightToLeft ? ES_RIGHT : 0);
-    const auto first = SendMessageW(form.edit(), EM_POSFROMCHAR, 0, 0);
-    EXPECT_EQ(LOWORD(first) > insideOf(form.edit()).right / 2, rightToLeft);
+    const auto first = static_cast<short>(LOWORD(SendMessageW(form.edit(), EM_POSFROMCHAR, 0, 0)));
+    EXPECT_GE(first, 0) << "the text is scrolled out of sight";
+    EXPECT_EQ(first > insideOf(form.edit()).right / 2, rightToLeft);
   };
   expectDirection(false);
   for (const bool rightToLeft : {true, false}) {

@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/error.h"
 #include "platform/win32/instance.h"
@@ -47,6 +48,7 @@ HWND Win32TextBox::makeWindow(HWND parent, bool rightToLeft) {
 
 void Win32TextBox::create(HWND parent) {
   attach(makeWindow(parent, false));
+  pressed_ = false;  // that was the window before
   takeFont();
 }
 
@@ -54,18 +56,23 @@ void Win32TextBox::renew(HWND parent, bool rightToLeft) {
   const HWND before = window();
   if (!before) return;
   const HWND edit = makeWindow(parent, rightToLeft);
+  const std::wstring content = toWide(text());
   const Selection selection = selectionOf(before);
-  // Not attached yet, so that the text is no change.
-  SetWindowTextW(edit, toWide(text()).c_str());
-  SendMessageW(edit, EM_SETSEL, selection.start, static_cast<LPARAM>(selection.end));
-  SendMessageW(edit, EM_SETREADONLY, readOnly() ? TRUE : FALSE, 0);
-  EnableWindow(edit, IsWindowEnabled(before));
   const float wide = width();
   const bool hasFocus = GetFocus() == before;
+  SendMessageW(edit, EM_SETREADONLY, readOnly() ? TRUE : FALSE, 0);
+  EnableWindow(edit, IsWindowEnabled(before));
   detach();
   attach(edit);
+  pressed_ = false;
   takeFont();
   setWidth(wide);
+  // Only now, since an edit window that is too narrow for its text scrolls it. The text is no
+  // change, so nobody is told of it.
+  TextBoxReports* const reports = std::exchange(reports_, nullptr);
+  SetWindowTextW(edit, content.c_str());
+  reports_ = reports;
+  SendMessageW(edit, EM_SETSEL, selection.start, static_cast<LPARAM>(selection.end));
   toolTip_ = nullptr;
   if (!toolTipText_.empty()) setToolTipText(String{toolTipText_});
   if (hasFocus) SetFocus(edit);
