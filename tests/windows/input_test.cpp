@@ -175,6 +175,9 @@ TEST(Input, OnlyALookupOpensTheList) {
   EXPECT_FALSE(IsWindowVisible(form.dropDown()));
   form.key(VK_DOWN, VK_MENU);
   EXPECT_FALSE(IsWindowVisible(form.dropDown()));
+  const HWND window = form.window();
+  form.key(VK_F4, VK_MENU);
+  EXPECT_FALSE(IsWindow(window)) << "Alt+F4 closes the form all the same";
 }
 
 TEST(Input, AKeyThatTheHostTakesAwayTypesNothing) {

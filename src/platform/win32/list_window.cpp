@@ -79,9 +79,10 @@ LRESULT Win32List::onKeyDown(UINT message, WPARAM wParam, LPARAM lParam) {
   report([&](DropDownListReports& to) { to.keyDown(keyCode, shift); });
   // What is left for the combo box to do with a key is to move its selection or to close. A key
   // that took the focus elsewhere has done its work, and Enter only closes what it accepts from.
-  // Only lookups open a list: Alt with an arrow would open the one that it has just closed.
+  // Only lookups open a list: Alt with an arrow would open the one that it has just closed. Alt
+  // with F4 is the form's.
   const bool isArrow = keyCode == KeyCodes::down || keyCode == KeyCodes::up;
-  const bool opens = (message == WM_SYSKEYDOWN && isArrow) || (keyCode == VK_F4 && !isDropped());
+  const bool opens = message == WM_SYSKEYDOWN ? isArrow : keyCode == VK_F4 && !isDropped();
   const bool isDone =
       keyCode == 0 || keyCode == KeyCodes::enter || opens || GetFocus() != edit_.window();
   swallowCharacter_ = isDone;

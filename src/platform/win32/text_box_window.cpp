@@ -1,6 +1,7 @@
 // The window of a text box: what it answers to messages.
 
 #include <bit>
+#include <optional>
 #include <utility>
 
 #include "platform/win32/input.h"
@@ -49,6 +50,8 @@ LRESULT Win32TextBox::onKeyDown(UINT message, WPARAM wParam, LPARAM lParam) {
   const bool drops = keyCode == 0 || (hasOtherCode && wParam == VK_BACK);
   character_ = drops ? Character::drop : movedFocus ? Character::handOn : Character::take;
   if (keyCode == 0) return 0;
+  std::optional<HeldModifiers> held;
+  if (shift != modifierMask()) held.emplace(shift);
   const LRESULT result = original(message, static_cast<std::uint16_t>(keyCode), lParam);
   // An edit window erases at the character of Backspace, not at its key.
   if (hasOtherCode && keyCode == KeyCodes::backspace) original(WM_CHAR, VK_BACK, lParam);
