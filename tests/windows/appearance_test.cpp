@@ -170,10 +170,13 @@ TEST(Appearance, DirectionChangesInsideAChange) {
   EXPECT_EQ(edits, 1);
 }
 
+/// How a container may have the control draw itself.
+enum class Way { direct, metafile, upsideDown, upwards };
+
 /// What the control draws of itself, on a bitmap of `width` by `height`.
 class Picture {
  public:
-  Picture(TestForm& form, int width, int height, bool byMetafile = false)
+  Picture(TestForm& form, int width, int height, Way way = Way::direct)
       : size_{width, height}, context_(CreateCompatibleDC(nullptr)) {
     const HDC screen = GetDC(nullptr);
     bitmap_ = CreateCompatibleBitmap(screen, width, height);
@@ -181,13 +184,24 @@ class Picture {
     before_ = SelectObject(context_, bitmap_);
     const auto view = form.site().controlAs<IViewObject2>();
     const auto draw = [&](HDC target) {
-      const RECTL bounds{0, 0, width, height};
+      RECTL bounds{0, 0, width, height};
+      if (way == Way::upsideDown || way == Way::upwards) std::swap(bounds.top, bounds.bottom);
       EXPECT_EQ(view->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, target, &bounds,
                            nullptr, nullptr, 0),
                 S_OK);
     };
-    if (!byMetafile) {
+    if (way == Way::upwards) {
+      SetMapMode(context_, MM_ANISOTROPIC);
+      SetViewportExtEx(context_, 1, -1, nullptr);
+      SetViewportOrgEx(context_, 0, height, nullptr);
+    }
+    if (way != Way::metafile) {
       draw(context_);
+      if (way == Way::upwards) {
+        EXPECT_EQ(GetMapMode(context_), MM_ANISOTROPIC) << "the container's context is as it was";
+        SetViewportOrgEx(context_, 0, 0, nullptr);
+        SetMapMode(context_, MM_TEXT);
+      }
       return;
     }
     const HDC recorder = CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);
@@ -236,11 +250,11 @@ TEST(Appearance, ThePictureIsAsSharpAsItsTarget) {
   const int height = box.bottom - box.top;
   const COLORREF ink = GetSysColor(COLOR_WINDOWTEXT);
   for (const bool rightToLeft : {false, true})
-    for (const bool byMetafile : {false, true})
+    for (const Way way : {Way::direct, Way::metafile, Way::upsideDown, Way::upwards})
       for (const int factor : {1, 2, 4}) {
-        SCOPED_TRACE(testing::Message() << rightToLeft << byMetafile << factor);
+        SCOPED_TRACE(testing::Message() << rightToLeft << static_cast<int>(way) << factor);
         setRightToLeft(form, rightToLeft);
-        const Picture picture{form, factor * width, factor * height, byMetafile};
+        const Picture picture{form, factor * width, factor * height, way};
         const RECT text = picture.extentOf(ink);
         ASSERT_LT(text.left, text.right);
         EXPECT_EQ(text.left > factor * width / 2, rightToLeft);

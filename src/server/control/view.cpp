@@ -1,6 +1,7 @@
 // The control's picture, for forms that are being designed and for paper.
 
 #include <algorithm>
+#include <array>
 
 #include "platform/win32/appearance.h"
 #include "platform/win32/wide.h"
@@ -27,6 +28,23 @@ void fill(HDC target, const RECT& area, COLORREF color) {
   FillRect(target, &area, brush.get());
 }
 
+/// Where `bounds` is on the device, whose pixels `context` measures in from then on: a container
+/// may measure in any unit and upwards. A metafile has no pixels and keeps its maker's measures.
+RECT placeOnDevice(HDC context, const RECTL& bounds) {
+  std::array<POINT, 2> corners{{{bounds.left, bounds.top}, {bounds.right, bounds.bottom}}};
+  const DWORD kind = GetObjectType(context);
+  if (kind == OBJ_DC || kind == OBJ_MEMDC) {
+    LPtoDP(context, corners.data(), static_cast<int>(corners.size()));
+    ModifyWorldTransform(context, nullptr, MWT_IDENTITY);
+    SetMapMode(context, MM_TEXT);
+    SetWindowOrgEx(context, 0, 0, nullptr);
+    SetViewportOrgEx(context, 0, 0, nullptr);
+  }
+  const auto [left, right] = std::minmax(corners[0].x, corners[1].x);
+  const auto [top, bottom] = std::minmax(corners[0].y, corners[1].y);
+  return {left, top, right, bottom};
+}
+
 }  // namespace
 
 HRESULT ControlObject::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC context,
@@ -36,13 +54,13 @@ HRESULT ControlObject::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC
     if (aspect != DVASPECT_CONTENT) throw ComFailure{DV_E_DVASPECT};
     if (!context) throw ComFailure{E_POINTER};
     const RECTL& given = target(bounds);
-    RECT area{given.left, given.top, given.right, given.bottom};
-    if (area.left == area.right || area.top == area.bottom) return;
     const SavedContext saved{context};
+    RECT area = placeOnDevice(context, given);
+    if (IsRectEmpty(&area)) return;
 
     // The target may have any resolution: everything is as large as the control is drawn.
     const SIZE pixels = surface_.size();
-    const int drawnHeight = std::abs(area.bottom - area.top);
+    const int drawnHeight = area.bottom - area.top;
     const auto toTarget = [&](int length) {
       return MulDiv(length, drawnHeight, std::max<int>(1, static_cast<int>(pixels.cy)));
     };
