@@ -92,7 +92,8 @@ void Win32List::restoreSelection() {
 }
 
 void Win32List::setFocus() {
-  if (reports_) SetFocus(window());
+  // The combo box would close its list if the focus went from its edit part to itself.
+  if (reports_ && GetFocus() != edit_.window()) SetFocus(window());
 }
 
 void Win32List::showDropDown(bool show) {
