@@ -164,6 +164,34 @@ TEST(Input, AClickOnATextBoxWhileAListIsOpenIsItsOwn) {
   }
 }
 
+TEST(Input, AQuickSecondPressBesideTheListIsTheTextBoxesToo) {
+  TestForm form;
+  form.enter();
+  form.type("ab");
+  ASSERT_TRUE(form.isOpen());
+  form.takeEvents();
+  POINT at{20, 5};
+  MapWindowPoints(form.edit(), form.dropDown(), &at, 1);
+  SendMessageW(form.dropDown(), WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(at.x, at.y));
+  EXPECT_EQ(form.takeEvents(), Events{"MouseDown 1 0 20 5"});
+}
+
+TEST(Input, AClickIsPressAndReleaseOfTheLeftButton) {
+  TestForm form;
+  form.enter();
+  constexpr LPARAM at = MAKELPARAM(20, 5);
+  SendMessageW(form.edit(), WM_RBUTTONDOWN, MK_RBUTTON, at);
+  SendMessageW(form.edit(), WM_LBUTTONUP, MK_RBUTTON, at);
+  SendMessageW(form.edit(), WM_LBUTTONDOWN, MK_LBUTTON, at);
+  SendMessageW(form.edit(), WM_MBUTTONUP, MK_LBUTTON, at);
+  const Events events = form.takeEvents();
+  EXPECT_EQ(events.size(), 4u);
+  EXPECT_FALSE(std::ranges::count(events, "Click"));
+  SendMessageW(form.edit(), WM_LBUTTONDOWN, MK_LBUTTON, at);
+  SendMessageW(form.edit(), WM_LBUTTONUP, 0, at);
+  EXPECT_EQ(form.takeEvents().back(), "Click");
+}
+
 TEST(Input, OnlyALookupOpensTheList) {
   TestForm form;
   form.enter();
