@@ -12,7 +12,7 @@ namespace keyscout {
 
 void Win32List::onNotification(WORD code) {
   switch (code) {
-    case CBN_SELENDOK: choosing_ = true; break;
+    case CBN_SELENDOK: choosing_ = isDropped(); break;  // a closed list's keys choose nothing
     case CBN_SELENDCANCEL: choosing_ = false; break;
     case CBN_SELCHANGE: {
       const auto now = static_cast<std::int16_t>(send(CB_GETCURSEL));
