@@ -41,9 +41,12 @@ LRESULT Win32List::onEditMessage(Part& part, UINT message, WPARAM wParam, LPARAM
     case WM_KEYDOWN:
     case WM_SYSKEYDOWN: return onKeyDown(message, wParam, lParam);
     case WM_CHAR:
-    case WM_SYSCHAR:
+    case WM_SYSCHAR: {
       if (swallowCharacter_) return 0;
-      break;
+      const LRESULT result = part.original(message, wParam, lParam);
+      restoreSelection();  // a combo box selects what its own text begins
+      return result;
+    }
     case WM_KEYUP:
     case WM_SYSKEYUP: {
       auto keyCode = static_cast<std::int16_t>(wParam);
