@@ -12,11 +12,6 @@
 namespace keyscout {
 namespace {
 
-RECT placeOf(HWND window) {
-  RECT place{};
-  GetWindowRect(window, &place);
-  return place;
-}
 RECT insideOf(HWND window) {
   RECT area{};
   GetClientRect(window, &area);
@@ -190,18 +185,17 @@ class Picture {
                            nullptr, nullptr, 0),
                 S_OK);
     };
-    if (way == Way::upwards) {
-      SetMapMode(context_, MM_ANISOTROPIC);
-      SetViewportExtEx(context_, 1, -1, nullptr);
-      SetViewportOrgEx(context_, 0, height, nullptr);
-    }
     if (way != Way::metafile) {
-      draw(context_);
+      const int state = SaveDC(context_);
+      const int mode = way == Way::upwards ? MM_ANISOTROPIC : MM_TEXT;
+      SetMapMode(context_, mode);
       if (way == Way::upwards) {
-        EXPECT_EQ(GetMapMode(context_), MM_ANISOTROPIC) << "the container's context is as it was";
-        SetViewportOrgEx(context_, 0, 0, nullptr);
-        SetMapMode(context_, MM_TEXT);
+        SetViewportExtEx(context_, 1, -1, nullptr);
+        SetViewportOrgEx(context_, 0, height, nullptr);
       }
+      draw(context_);
+      EXPECT_EQ(GetMapMode(context_), mode) << "the container's context is as it was";
+      RestoreDC(context_, state);
       return;
     }
     const HDC recorder = CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);

@@ -146,16 +146,11 @@ TEST(Container, AnOpenListFollowsTheControl) {
   form.enter();
   form.type("ab");
   form.site().moveTo({60, 90, 260, 114});
-  const auto top = [](HWND window) {
-    RECT place{};
-    GetWindowRect(window, &place);
-    return POINT{place.left, place.top};
-  };
-  RECT box{};
-  GetWindowRect(form.edit(), &box);
+  const RECT box = placeOf(form.edit());
+  const RECT list = placeOf(form.dropDown());
   EXPECT_TRUE(form.isOpen());
-  EXPECT_EQ(top(form.dropDown()).x, box.left);
-  EXPECT_LE(std::abs(top(form.dropDown()).y - box.bottom), 1);
+  EXPECT_EQ(list.left, box.left);
+  EXPECT_LE(std::abs(list.top - box.bottom), 1);
 }
 
 TEST(Container, AControlOutlivesItsForm) {
@@ -165,6 +160,8 @@ TEST(Container, AControlOutlivesItsForm) {
   form.type("ab");
   form.key(VK_DOWN);
   const auto control = form.control();
+  constexpr LPARAM at = MAKELPARAM(9, 5);
+  SendMessageW(form.edit(), WM_LBUTTONDOWN, MK_LBUTTON, at);
   DestroyWindow(form.window());
   EXPECT_EQ(form.text(), "ab");
   VARIANT_BOOL showing = VARIANT_TRUE;
@@ -176,6 +173,10 @@ TEST(Container, AControlOutlivesItsForm) {
   SetForegroundWindow(next.window());
   EXPECT_EQ(object->DoVerb(OLEIVERB_UIACTIVATE, nullptr, nullptr, 0, nullptr, nullptr), S_OK);
   EXPECT_EQ(GetFocus(), form.edit());
+  form.takeEvents();
+  SendMessageW(form.edit(), WM_LBUTTONUP, 0, at);
+  EXPECT_EQ(form.takeEvents(), Log{"MouseUp 1 0 9 5"}) << "the press was on the form before";
+  form.control()->put_selStart(2);
   form.type("-");
   EXPECT_EQ(form.text(), "ab-");
   EXPECT_TRUE(form.isOpen());
@@ -288,8 +289,7 @@ TEST(Container, ExtentsAreHimetric) {
   const HDC screen = GetDC(nullptr);
   EXPECT_EQ(area.right, 2 * GetDeviceCaps(screen, LOGPIXELSX));
   ReleaseDC(nullptr, screen);
-  RECT box{};
-  GetWindowRect(form.edit(), &box);
+  const RECT box = placeOf(form.edit());
   EXPECT_EQ(box.right - box.left, area.right) << "the text box is as wide as the control";
   EXPECT_EQ(object->SetExtent(DVASPECT_ICON, &size), DV_E_DVASPECT);
   DWORD status = 0;

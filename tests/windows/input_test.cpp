@@ -16,12 +16,6 @@ LRESULT selection(TestForm& form) { return SendMessageW(form.combo(), CB_GETCURS
 
 bool hasScrollBar(HWND window) { return (GetWindowLongPtrW(window, GWL_STYLE) & WS_VSCROLL) != 0; }
 
-RECT onScreen(HWND window) {
-  RECT rectangle{};
-  GetWindowRect(window, &rectangle);
-  return rectangle;
-}
-
 TEST(Input, TypingOpensTheListBelowTheTextBox) {
   TestForm form;
   form.enter();
@@ -34,9 +28,9 @@ TEST(Input, TypingOpensTheListBelowTheTextBox) {
   EXPECT_EQ(GetFocus(), form.edit());
   EXPECT_FALSE(hasScrollBar(form.dropDown()));
 
-  const RECT list = onScreen(form.dropDown());
-  const RECT box = onScreen(form.edit());
-  const RECT behind = onScreen(form.combo());
+  const RECT list = placeOf(form.dropDown());
+  const RECT box = placeOf(form.edit());
+  const RECT behind = placeOf(form.combo());
   EXPECT_EQ(behind.bottom, box.bottom) << "the part that the text box hides";
   EXPECT_EQ(list.left, box.left);
   EXPECT_EQ(list.right, box.right);
@@ -50,12 +44,12 @@ TEST(Input, AListThatGetsShorterWhileOpenIsSizedAgain) {
   form.enter();
   form.type("cd-11");
   ASSERT_TRUE(form.isOpen());
-  const LONG before = onScreen(form.dropDown()).bottom;
+  const LONG before = placeOf(form.dropDown()).bottom;
   form.type("5");  // five numbers are left, and fillers up to eight
   ASSERT_TRUE(form.isOpen());
   EXPECT_EQ(form.entries().size(), 8u);
   const auto row = static_cast<LONG>(SendMessageW(form.dropDown(), LB_GETITEMHEIGHT, 0, 0));
-  EXPECT_EQ(onScreen(form.dropDown()).bottom, before - row);
+  EXPECT_EQ(placeOf(form.dropDown()).bottom, before - row);
 }
 
 TEST(Input, WalkingTheListPastItsNinthEntryAndAccepting) {
@@ -126,7 +120,7 @@ TEST(Input, AClickBesideTheListClosesIt) {
   TestForm form;
   form.enter();
   form.type("ab");
-  const RECT window = onScreen(form.window());
+  const RECT window = placeOf(form.window());
   form.click({window.right - 20, window.bottom - 20});
   VARIANT_BOOL showing = VARIANT_TRUE;
   form.control()->get_isListShowing(&showing);
@@ -140,7 +134,7 @@ TEST(Input, AClickBesideTheListClosesIt) {
 TEST(Input, AClickOnATextBoxWhileAListIsOpenIsItsOwn) {
   TestForm form{2};
   const auto clickOn = [&](int which) {
-    const RECT box = onScreen(form.edit(which));
+    const RECT box = placeOf(form.edit(which));
     form.click({box.right - 9, box.top + 9});
   };
   for (const int which : {0, 1}) {
@@ -267,7 +261,7 @@ TEST(Input, HoveringSelectsNothing) {
 TEST(Input, MouseReportsOfTheTextBox) {
   TestForm form;
   form.enter();
-  const RECT box = onScreen(form.edit());
+  const RECT box = placeOf(form.edit());
   form.click({box.left + 12, box.top + 8});
   const Events events = form.takeEvents();
   ASSERT_EQ(events.size(), 3u);

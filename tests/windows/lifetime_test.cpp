@@ -72,8 +72,7 @@ const Trigger triggers[] = {
      }},
     {"MouseDown",
      [](TestForm& form) {
-       RECT box{};
-       GetWindowRect(form.edit(), &box);
+       const RECT box = placeOf(form.edit());
        form.click({box.left + 9, box.top + 9});
      }},
 };

@@ -48,7 +48,6 @@ HWND Win32TextBox::makeWindow(HWND parent, bool rightToLeft) {
 
 void Win32TextBox::create(HWND parent) {
   attach(makeWindow(parent, false));
-  pressed_ = false;  // that was the window before
   takeFont();
 }
 
@@ -64,7 +63,7 @@ void Win32TextBox::renew(HWND parent, bool rightToLeft) {
   EnableWindow(edit, IsWindowEnabled(before));
   detach();
   attach(edit);
-  pressed_ = false;
+  pressed_ = false;  // that was the window before
   takeFont();
   setWidth(wide);
   // Only now, since an edit window that is too narrow for its text scrolls it. The text is no

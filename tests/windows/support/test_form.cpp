@@ -64,6 +64,12 @@ std::string takeText(BSTR text) {
   return result;
 }
 
+RECT placeOf(HWND window) {
+  RECT place{};
+  GetWindowRect(window, &place);
+  return place;
+}
+
 TestForm::TestForm(int controls) : window_(makeForm()) {
   otherField_ = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, 300, 10, 150, 24, window_,
                                 nullptr, nullptr, nullptr);

@@ -24,6 +24,9 @@ ComPtr<Interface> create(REFCLSID id) {
 std::string narrow(std::wstring_view text);
 std::string takeText(BSTR text);
 
+/// Where a window is on the screen.
+RECT placeOf(HWND window);
+
 using Log = std::vector<std::string>;
 
 /// A form with lookup controls and one edit field of its own, on a catalog that is ready. Notes
