@@ -4,7 +4,7 @@
 
 #include "platform/local/trace_services.h"
 #include "platform/thread_slot.h"
-#include "platform/utf8.h"
+#include "base/utf8.h"
 
 namespace keyscout::bench {
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "platform/utf8.h"
+#include "base/utf8.h"
 #include "support/stage.h"
 
 namespace keyscout::test {

@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <thread>
 
-#include "platform/utf8.h"
+#include "base/utf8.h"
 #include "shared/error_codes.h"
 #include "support/stage.h"
 

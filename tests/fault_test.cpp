@@ -2,7 +2,7 @@
 
 #include <map>
 
-#include "platform/utf8.h"
+#include "base/utf8.h"
 #include "support/stage.h"
 
 namespace keyscout::test {

@@ -5,7 +5,7 @@
 
 #include "apps/cli/native_files.h"
 #include "lookup/key_order.h"
-#include "platform/utf8.h"
+#include "base/utf8.h"
 #include "support/stage.h"
 
 namespace keyscout::test {

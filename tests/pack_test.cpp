@@ -13,14 +13,14 @@
 
 #include "apps/cli/pack/output_file.h"
 #include "controller/keyscout_controller.h"
-#include "platform/code_page.h"
+#include "base/code_page.h"
 #include "platform/local/local_library.h"
 #include "platform/local/trace_services.h"
-#include "platform/portable_text_rules.h"
+#include "platform/local/portable_text_rules.h"
 #include "platform/posix/posix_files.h"
-#include "platform/system_clock.h"
+#include "platform/local/system_clock.h"
 #include "platform/thread_slot.h"
-#include "platform/utf8.h"
+#include "base/utf8.h"
 
 namespace keyscout {
 namespace {

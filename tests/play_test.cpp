@@ -3,7 +3,7 @@
 #include "apps/cli/native_files.h"
 #include "apps/cli/play/scripted_host.h"
 #include "platform/thread_slot.h"
-#include "platform/utf8.h"
+#include "base/utf8.h"
 #include "support/stage.h"
 
 namespace keyscout::test {

@@ -12,8 +12,8 @@
 
 #include "apps/cli/pack/external_sorter.h"
 #include "apps/cli/pack/number_order.h"
-#include "platform/code_page.h"
-#include "platform/letter_case.h"
+#include "base/code_page.h"
+#include "base/letter_case.h"
 
 namespace keyscout {
 namespace {

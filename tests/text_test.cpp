@@ -5,14 +5,14 @@
 #include <stdexcept>
 #include <system_error>
 
-#include "platform/code_page.h"
-#include "platform/error.h"
-#include "platform/keyed_collection.h"
-#include "platform/letter_case.h"
-#include "platform/portable_text_rules.h"
-#include "platform/text.h"
-#include "platform/utf8.h"
-#include "platform/variant.h"
+#include "base/code_page.h"
+#include "base/error.h"
+#include "base/keyed_collection.h"
+#include "base/letter_case.h"
+#include "platform/local/portable_text_rules.h"
+#include "base/text.h"
+#include "base/utf8.h"
+#include "base/variant.h"
 #include "support/stage.h"
 
 namespace keyscout::test {

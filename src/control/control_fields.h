@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/boolean.h"
-#include "platform/text.h"
+#include "base/boolean.h"
+#include "base/text.h"
 
 namespace keyscout {
 

@@ -9,7 +9,7 @@
 #include "lookup/lookup_engine.h"
 #include "platform/brand_list.h"
 #include "platform/platform.h"
-#include "platform/variant.h"
+#include "base/variant.h"
 #include "platform/widgets.h"
 #include "shared/keyscout_module.h"
 #include "shared/tracer.h"

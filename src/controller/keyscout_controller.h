@@ -3,10 +3,10 @@
 #include <cstdint>
 #include <memory>
 
-#include "platform/boolean.h"
+#include "base/boolean.h"
 #include "platform/brand_list.h"
 #include "platform/platform.h"
-#include "platform/text.h"
+#include "base/text.h"
 #include "shared/keyscout_module.h"
 #include "shared/tracer.h"
 

@@ -1,6 +1,6 @@
 #include "lookup/catalog_line.h"
 
-#include "platform/error.h"
+#include "base/error.h"
 
 namespace keyscout {
 

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <string_view>
 
-#include "platform/code_page.h"
-#include "platform/text.h"
+#include "base/code_page.h"
+#include "base/text.h"
 
 namespace keyscout {
 

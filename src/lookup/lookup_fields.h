@@ -2,9 +2,9 @@
 
 #include <cstdint>
 
-#include "platform/boolean.h"
-#include "platform/keyed_collection.h"
-#include "platform/text.h"
+#include "base/boolean.h"
+#include "base/keyed_collection.h"
+#include "base/text.h"
 #include "shared/catalog_data.h"
 
 namespace keyscout {

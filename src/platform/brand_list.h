@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <memory>
 
-#include "platform/text.h"
+#include "base/text.h"
 
 namespace keyscout {
 

@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "platform/sequential_file.h"
-#include "platform/text.h"
+#include "base/text.h"
 
 namespace keyscout {
 

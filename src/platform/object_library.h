@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "platform/text.h"
+#include "base/text.h"
 #include "platform/trace_service.h"
 
 namespace keyscout {

@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-#include "platform/error.h"
-#include "platform/text.h"
+#include "base/error.h"
+#include "base/text.h"
 
 namespace keyscout {
 

@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-#include "platform/boolean.h"
-#include "platform/text.h"
+#include "base/boolean.h"
+#include "base/text.h"
 
 namespace keyscout {
 

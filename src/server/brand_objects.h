@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "keyscout_h.h"
-#include "platform/keyed_collection.h"
+#include "base/keyed_collection.h"
 #include "server/com/automation.h"
 #include "server/com/values.h"
 

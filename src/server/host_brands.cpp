@@ -4,7 +4,7 @@
 
 #include <atomic>
 
-#include "platform/error.h"
+#include "base/error.h"
 #include "server/com/values.h"
 
 namespace keyscout {

@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "platform/local/local_library.h"
-#include "platform/system_clock.h"
+#include "platform/local/system_clock.h"
 #include "platform/win32/debugger_trace.h"
 #include "platform/win32/system_code_page.h"
 #include "platform/win32/win32_files.h"

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <utility>
 
-#include "platform/text.h"
+#include "base/text.h"
 
 namespace keyscout {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/keyed_collection.h"
-#include "platform/text.h"
+#include "base/keyed_collection.h"
+#include "base/text.h"
 #include "shared/keyscout_module.h"
 
 namespace keyscout {

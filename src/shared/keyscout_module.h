@@ -5,10 +5,10 @@
 #include <optional>
 #include <vector>
 
-#include "platform/boolean.h"
+#include "base/boolean.h"
 #include "platform/brand_list.h"
-#include "platform/error.h"
-#include "platform/keyed_collection.h"
+#include "base/error.h"
+#include "base/keyed_collection.h"
 #include "platform/object_library.h"
 #include "shared/catalog_table_entry.h"
 

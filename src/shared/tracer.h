@@ -4,7 +4,7 @@
 #include <type_traits>
 #include <utility>
 
-#include "platform/error.h"
+#include "base/error.h"
 #include "platform/object_library.h"
 
 namespace keyscout {

@@ -6,7 +6,7 @@
 #include <set>
 #include <stdexcept>
 
-#include "platform/utf8.h"
+#include "base/utf8.h"
 
 namespace keyscout::test {
 namespace {

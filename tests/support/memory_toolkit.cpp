@@ -1,4 +1,4 @@
-#include "platform/memory/form.h"
+#include "platform/memory/memory_form.h"
 #include "support/toolkit.h"
 
 namespace keyscout::test {

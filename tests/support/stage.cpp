@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "platform/thread_slot.h"
-#include "platform/utf8.h"
+#include "base/utf8.h"
 
 namespace keyscout::test {
 namespace {

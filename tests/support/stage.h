@@ -12,10 +12,10 @@
 #include "platform/local/local_brand_list.h"
 #include "platform/local/local_library.h"
 #include "platform/local/trace_services.h"
-#include "platform/memory/hooked_files.h"
-#include "platform/memory/hooked_trace.h"
+#include "platform/decorators/hooked_files.h"
+#include "platform/decorators/hooked_trace.h"
 #include "platform/playable.h"
-#include "platform/portable_text_rules.h"
+#include "platform/local/portable_text_rules.h"
 #include "support/data_directory.h"
 #include "support/toolkit.h"
 

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "platform/memory/call_hook.h"
+#include "platform/decorators/call_hook.h"
 #include "platform/playable.h"
 
 namespace keyscout::test {

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "platform/brand_list.h"
-#include "platform/keyed_collection.h"
+#include "base/keyed_collection.h"
 
 namespace keyscout {
 

@@ -1,6 +1,6 @@
 #include "platform/local/trace_services.h"
 
-#include "platform/utf8.h"
+#include "base/utf8.h"
 
 namespace keyscout {
 

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <deque>
 
-#include "platform/memory/form.h"
+#include "platform/memory/memory_form.h"
 #include "platform/widgets.h"
 
 namespace keyscout {

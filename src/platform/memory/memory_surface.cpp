@@ -1,6 +1,6 @@
 #include "platform/memory/memory_surface.h"
 
-#include "platform/error.h"
+#include "base/error.h"
 
 namespace keyscout {
 

@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "platform/focus_tracker.h"
-#include "platform/memory/form.h"
+#include "platform/memory/memory_form.h"
 #include "platform/memory/memory_list.h"
 #include "platform/memory/memory_text_box.h"
 #include "platform/widgets.h"

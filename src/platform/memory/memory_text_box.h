@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-#include "platform/memory/form.h"
+#include "platform/memory/memory_form.h"
 #include "platform/widgets.h"
 
 namespace keyscout {

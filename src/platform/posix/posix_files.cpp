@@ -8,8 +8,8 @@
 #include <cerrno>
 #include <string>
 
-#include "platform/error.h"
-#include "platform/utf8.h"
+#include "base/error.h"
+#include "base/utf8.h"
 
 namespace keyscout {
 namespace {

@@ -4,7 +4,7 @@
 #include <bit>
 #include <vector>
 
-#include "platform/error.h"
+#include "base/error.h"
 #include "platform/win32/instance.h"
 #include "platform/win32/wide.h"
 #include "platform/win32/win32_surface.h"

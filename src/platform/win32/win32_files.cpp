@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/error.h"
+#include "base/error.h"
 #include "platform/win32/wide.h"
 
 namespace keyscout {

@@ -1,7 +1,7 @@
 #include "platform/win32/win32_form.h"
 
-#include "platform/error.h"
-#include "platform/letter_case.h"
+#include "base/error.h"
+#include "base/letter_case.h"
 #include "platform/win32/input.h"
 #include "platform/win32/instance.h"
 #include "platform/win32/win32_form_surface.h"

@@ -2,7 +2,7 @@
 
 #include <bit>
 
-#include "platform/error.h"
+#include "base/error.h"
 #include "platform/win32/input.h"
 #include "platform/win32/wide.h"
 

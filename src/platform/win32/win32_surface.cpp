@@ -3,7 +3,7 @@
 #include <bit>
 #include <utility>
 
-#include "platform/error.h"
+#include "base/error.h"
 #include "platform/win32/instance.h"
 
 namespace keyscout {

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/error.h"
+#include "base/error.h"
 #include "platform/win32/instance.h"
 #include "platform/win32/wide.h"
 #include "platform/win32/win32_surface.h"

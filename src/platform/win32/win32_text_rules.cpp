@@ -1,6 +1,6 @@
 #include "platform/win32/win32_text_rules.h"
 
-#include "platform/error.h"
+#include "base/error.h"
 #include "platform/win32/wide.h"
 
 namespace keyscout {

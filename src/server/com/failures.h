@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "platform/error.h"
+#include "base/error.h"
 
 namespace keyscout {
 

@@ -8,8 +8,8 @@
 #include <new>
 #include <utility>
 
-#include "platform/boolean.h"
-#include "platform/text.h"
+#include "base/boolean.h"
+#include "base/text.h"
 
 namespace keyscout {
 

@@ -2,7 +2,7 @@
 
 #include <bit>
 
-#include "platform/utf8.h"
+#include "base/utf8.h"
 #include "platform/win32/wide.h"
 #include "server/com/failures.h"
 

@@ -1,8 +1,8 @@
 #include "apps/cli/check/brand_check.h"
 
-#include "platform/error.h"
-#include "platform/letter_case.h"
-#include "platform/utf8.h"
+#include "base/error.h"
+#include "base/letter_case.h"
+#include "base/utf8.h"
 
 namespace keyscout {
 namespace {

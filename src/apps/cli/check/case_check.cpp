@@ -3,7 +3,7 @@
 #include <cstring>
 #include <functional>
 
-#include "platform/letter_case.h"
+#include "base/letter_case.h"
 
 namespace keyscout {
 namespace {

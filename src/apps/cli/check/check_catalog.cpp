@@ -8,7 +8,7 @@
 #include "apps/cli/check/start_up_check.h"
 #include "apps/cli/check/table_check.h"
 #include "apps/cli/path_text.h"
-#include "platform/error.h"
+#include "base/error.h"
 
 namespace keyscout {
 namespace {

@@ -1,7 +1,7 @@
 #include "apps/cli/check/checked_directory.h"
 
 #include "apps/cli/path_text.h"
-#include "platform/utf8.h"
+#include "base/utf8.h"
 
 namespace keyscout {
 

@@ -9,7 +9,7 @@
 
 #include "apps/cli/check/finding.h"
 #include "apps/cli/host/data_directory.h"
-#include "platform/code_page.h"
+#include "base/code_page.h"
 #include "platform/files.h"
 
 namespace keyscout {

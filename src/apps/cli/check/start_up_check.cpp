@@ -2,7 +2,7 @@
 
 #include "apps/cli/host/catalog_host.h"
 #include "apps/cli/path_text.h"
-#include "platform/utf8.h"
+#include "base/utf8.h"
 
 namespace keyscout {
 namespace {

@@ -3,7 +3,7 @@
 #include <stdexcept>
 
 #include "apps/cli/path_text.h"
-#include "platform/utf8.h"
+#include "base/utf8.h"
 #include "shared/keyscout_module.h"
 
 namespace keyscout {

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "platform/trace_service.h"
-#include "platform/utf8.h"
+#include "base/utf8.h"
 
 namespace keyscout {
 

@@ -6,7 +6,7 @@
 #include "apps/cli/path_text.h"
 #include "control/keyscout_control.h"
 #include "platform/local/local_brand_list.h"
-#include "platform/utf8.h"
+#include "base/utf8.h"
 
 namespace keyscout {
 namespace {

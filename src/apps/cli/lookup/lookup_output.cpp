@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
-#include "platform/utf8.h"
+#include "base/utf8.h"
 
 namespace keyscout {
 namespace {

@@ -4,8 +4,8 @@
 
 #include "apps/cli/pack/pack_error.h"
 #include "apps/cli/path_text.h"
-#include "platform/letter_case.h"
-#include "platform/utf8.h"
+#include "base/letter_case.h"
+#include "base/utf8.h"
 #include "shared/keyscout_module.h"
 
 namespace keyscout {

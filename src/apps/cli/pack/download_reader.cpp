@@ -5,9 +5,9 @@
 
 #include "apps/cli/path_text.h"
 #include "lookup/catalog_line.h"
-#include "platform/code_page.h"
-#include "platform/error.h"
-#include "platform/utf8.h"
+#include "base/code_page.h"
+#include "base/error.h"
+#include "base/utf8.h"
 #include "shared/download_format.h"
 
 namespace keyscout {

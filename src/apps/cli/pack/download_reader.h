@@ -6,7 +6,7 @@
 
 #include "apps/cli/pack/input_file.h"
 #include "apps/cli/pack/pack_error.h"
-#include "platform/text.h"
+#include "base/text.h"
 
 namespace keyscout {
 

@@ -4,7 +4,7 @@
 
 #include "apps/cli/pack/line_payload.h"
 #include "apps/cli/pack/pack_error.h"
-#include "platform/utf8.h"
+#include "base/utf8.h"
 
 namespace keyscout {
 namespace {

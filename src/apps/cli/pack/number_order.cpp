@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <numeric>
 
-#include "platform/letter_case.h"
+#include "base/letter_case.h"
 
 namespace keyscout {
 

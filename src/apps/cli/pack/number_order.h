@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/code_page.h"
+#include "base/code_page.h"
 
 namespace keyscout {
 

@@ -15,7 +15,7 @@
 #include "apps/cli/pack/number_order.h"
 #include "apps/cli/pack/staging_folder.h"
 #include "apps/cli/pack/table_writer.h"
-#include "platform/code_page.h"
+#include "base/code_page.h"
 #include "shared/download_format.h"
 #include "shared/keyscout_module.h"
 

@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "apps/cli/play/json_values.h"
-#include "platform/error.h"
+#include "base/error.h"
 #include "platform/local/trace_services.h"
 #include "platform/message_box.h"
 

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/memory/call_hook.h"
+#include "platform/decorators/call_hook.h"
 
 namespace keyscout {
 

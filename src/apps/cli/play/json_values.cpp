@@ -5,9 +5,9 @@
 #include <limits>
 
 #include "apps/cli/play/malformed.h"
-#include "platform/error.h"
+#include "base/error.h"
 #include "platform/local/local_brand_list.h"
-#include "platform/utf8.h"
+#include "base/utf8.h"
 
 namespace keyscout {
 namespace {

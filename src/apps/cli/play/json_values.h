@@ -5,10 +5,10 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
-#include "platform/boolean.h"
+#include "base/boolean.h"
 #include "platform/brand_list.h"
-#include "platform/text.h"
-#include "platform/variant.h"
+#include "base/text.h"
+#include "base/variant.h"
 
 namespace keyscout {
 

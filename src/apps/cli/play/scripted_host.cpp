@@ -3,7 +3,7 @@
 #include "apps/cli/play/control_members.h"
 #include "apps/cli/play/controller_members.h"
 #include "apps/cli/play/malformed.h"
-#include "platform/utf8.h"
+#include "base/utf8.h"
 #include "shared/keyscout_module.h"
 
 namespace keyscout {

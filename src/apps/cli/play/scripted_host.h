@@ -11,10 +11,10 @@
 #include "apps/cli/play/widgets.h"
 #include "controller/keyscout_controller.h"
 #include "platform/local/local_library.h"
-#include "platform/memory/hooked_files.h"
-#include "platform/memory/hooked_trace.h"
-#include "platform/portable_text_rules.h"
-#include "platform/system_clock.h"
+#include "platform/decorators/hooked_files.h"
+#include "platform/decorators/hooked_trace.h"
+#include "platform/local/portable_text_rules.h"
+#include "platform/local/system_clock.h"
 
 namespace keyscout {
 

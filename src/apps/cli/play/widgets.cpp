@@ -1,6 +1,6 @@
 #include "apps/cli/play/widgets.h"
 
-#include "platform/memory/form.h"
+#include "platform/memory/memory_form.h"
 #ifdef _WIN32
 #include "platform/win32/win32_form.h"
 #endif

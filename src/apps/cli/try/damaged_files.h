@@ -2,7 +2,7 @@
 
 #include <set>
 
-#include "platform/error.h"
+#include "base/error.h"
 #include "platform/files.h"
 
 namespace keyscout {

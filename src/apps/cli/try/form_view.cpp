@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "apps/cli/try/text_columns.h"
-#include "platform/utf8.h"
+#include "base/utf8.h"
 
 namespace keyscout {
 namespace {

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "apps/cli/try/curses.h"
-#include "platform/letter_case.h"
+#include "base/letter_case.h"
 #include "platform/widgets.h"
 
 namespace keyscout {

@@ -1,6 +1,6 @@
 #include "apps/cli/try/lookup_field.h"
 
-#include "platform/utf8.h"
+#include "base/utf8.h"
 
 namespace keyscout {
 namespace {

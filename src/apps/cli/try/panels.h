@@ -8,7 +8,7 @@
 #include "apps/cli/try/layout.h"
 #include "apps/cli/try/screen.h"
 #include "apps/cli/try/try_form.h"
-#include "platform/memory/metered_files.h"
+#include "platform/decorators/metered_files.h"
 
 namespace keyscout {
 

@@ -7,7 +7,7 @@
 #include "apps/cli/path_text.h"
 #include "apps/cli/try/dialog.h"
 #include "apps/cli/try/text_columns.h"
-#include "platform/utf8.h"
+#include "base/utf8.h"
 #include "shared/keyscout_module.h"
 
 namespace keyscout {

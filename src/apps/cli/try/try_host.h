@@ -11,7 +11,7 @@
 #include "apps/cli/try/panels.h"
 #include "apps/cli/try/screen.h"
 #include "apps/cli/try/try_form.h"
-#include "platform/memory/metered_files.h"
+#include "platform/decorators/metered_files.h"
 
 namespace keyscout {
 

@@ -9,7 +9,7 @@
 #include "apps/cli/host/interruption.h"
 #include "apps/cli/program.h"
 #include "apps/cli/terminal.h"
-#include "platform/utf8.h"
+#include "base/utf8.h"
 #include "platform/win32/wide.h"
 
 namespace {

@@ -1,8 +1,8 @@
-#include "platform/portable_text_rules.h"
+#include "platform/local/portable_text_rules.h"
 
 #include <algorithm>
 
-#include "platform/letter_case.h"
+#include "base/letter_case.h"
 
 namespace keyscout {
 

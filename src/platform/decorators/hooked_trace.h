@@ -3,7 +3,7 @@
 #include <memory>
 #include <utility>
 
-#include "platform/memory/call_hook.h"
+#include "platform/decorators/call_hook.h"
 #include "platform/trace_service.h"
 
 namespace keyscout {

@@ -1,4 +1,4 @@
-#include "platform/memory/metered_files.h"
+#include "platform/decorators/metered_files.h"
 
 #include <utility>
 

@@ -1,10 +1,10 @@
-#include "platform/error.h"
+#include "base/error.h"
 
 #include <new>
 #include <stdexcept>
 #include <system_error>
 
-#include "platform/utf8.h"
+#include "base/utf8.h"
 
 namespace keyscout {
 namespace {

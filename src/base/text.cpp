@@ -1,9 +1,9 @@
-#include "platform/text.h"
+#include "base/text.h"
 
 #include <cstdint>
 #include <limits>
 
-#include "platform/error.h"
+#include "base/error.h"
 
 namespace keyscout {
 

@@ -1,12 +1,12 @@
-#include "platform/variant.h"
+#include "base/variant.h"
 
 #include <charconv>
 #include <cmath>
 #include <limits>
 #include <string>
 
-#include "platform/error.h"
-#include "platform/utf8.h"
+#include "base/error.h"
+#include "base/utf8.h"
 
 namespace keyscout {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/memory/hooked_files.h"
+#include "platform/decorators/hooked_files.h"
 
 #include <algorithm>
 #include <string>

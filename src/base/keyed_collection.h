@@ -6,8 +6,8 @@
 #include <unordered_map>
 #include <utility>
 
-#include "platform/error.h"
-#include "platform/letter_case.h"
+#include "base/error.h"
+#include "base/letter_case.h"
 
 namespace keyscout {
 

@@ -1,4 +1,4 @@
-#include "platform/letter_case.h"
+#include "base/letter_case.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/files.h"
-#include "platform/memory/call_hook.h"
+#include "platform/decorators/call_hook.h"
 
 namespace keyscout {
 

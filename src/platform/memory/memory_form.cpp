@@ -1,7 +1,7 @@
-#include "platform/memory/form.h"
+#include "platform/memory/memory_form.h"
 
-#include "platform/error.h"
-#include "platform/letter_case.h"
+#include "base/error.h"
+#include "base/letter_case.h"
 #include "platform/memory/memory_surface.h"
 #include "platform/widgets.h"
 

@@ -4,9 +4,9 @@
 #include <string_view>
 
 #include "platform/focus_tracker.h"
-#include "platform/memory/call_hook.h"
+#include "platform/decorators/call_hook.h"
 #include "platform/playable.h"
-#include "platform/text.h"
+#include "base/text.h"
 
 namespace keyscout {
 
