@@ -45,7 +45,7 @@ class LookupStage {
   LocalLibrary library_;
   Platform platform_;
   RWKeyscoutController controller_;
-  Form form_;
+  MemoryForm form_;
   std::unique_ptr<PlayableSurface> surface_;
   keyscoutControlEvents events_;
   keyscoutControl control_;

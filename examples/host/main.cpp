@@ -57,7 +57,7 @@ int main(int argc, char** argv) {
   }
   controller.setKeyscoutEnabled(True);
 
-  Form form;
+  MemoryForm form;
   const auto surface = form.addSurface();
   keyscoutControlEvents events;  // override what the host cares for
   keyscoutControl control{platform, *surface, events};

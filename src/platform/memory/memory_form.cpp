@@ -7,35 +7,35 @@
 
 namespace keyscout {
 
-std::unique_ptr<PlayableSurface> Form::addSurface() {
+std::unique_ptr<PlayableSurface> MemoryForm::addSurface() {
   return std::make_unique<MemorySurface>(*this);
 }
 
-MemorySurface* Form::focused() const {
+MemorySurface* MemoryForm::focused() const {
   // Only surfaces in memory are ever given the focus here.
   return static_cast<MemorySurface*>(tracker_.focus().control);
 }
 
-PlayableSurface* Form::focusedSurface() const { return focused(); }
+PlayableSurface* MemoryForm::focusedSurface() const { return focused(); }
 
-void Form::moveFocus(PlayableSurface& surface, FocusPlace place) {
+void MemoryForm::moveFocus(PlayableSurface& surface, FocusPlace place) {
   auto& target = static_cast<MemorySurface&>(surface);
   if (place == FocusPlace::list && !target.list())
-    throw platformFailure(PlatformError::objectNotSet, u"Form");
+    throw platformFailure(PlatformError::objectNotSet, u"MemoryForm");
   tracker_.moveTo(target, place);
 }
 
-void Form::type(char16_t character) {
+void MemoryForm::type(char16_t character) {
   const auto keyCode = static_cast<std::int16_t>(upperCase(character));
   keyDown(keyCode, 0, character);
   keyUp(keyCode, 0);
 }
 
-void Form::keyDown(std::int16_t keyCode, std::int16_t shift) {
+void MemoryForm::keyDown(std::int16_t keyCode, std::int16_t shift) {
   keyDown(keyCode, shift, keyCode == KeyCodes::enter ? u'\r' : u'\0');
 }
 
-void Form::keyDown(std::int16_t keyCode, std::int16_t shift, char16_t character) {
+void MemoryForm::keyDown(std::int16_t keyCode, std::int16_t shift, char16_t character) {
   MemorySurface* const surface = focused();
   if (!surface || !surface->keyDown(tracker_.focus().place, keyCode, shift)) return;
   // A handler may have moved the focus: the character goes to what has it now.
@@ -44,12 +44,12 @@ void Form::keyDown(std::int16_t keyCode, std::int16_t shift, char16_t character)
   if (next && hasCharacter) next->keyPress(tracker_.focus().place, character);
 }
 
-void Form::keyUp(std::int16_t keyCode, std::int16_t shift) {
+void MemoryForm::keyUp(std::int16_t keyCode, std::int16_t shift) {
   if (MemorySurface* const surface = focused())
     surface->keyUp(tracker_.focus().place, keyCode, shift);
 }
 
-void Form::paste(StringView text) {
+void MemoryForm::paste(StringView text) {
   if (MemorySurface* const surface = focused()) surface->textBox().paste(text);
 }
 

@@ -13,12 +13,12 @@ namespace keyscout {
 class MemorySurface;
 
 /// A form without a screen.
-class Form final : public PlayableForm {
+class MemoryForm final : public PlayableForm {
  public:
   /// `hook`, where there is one, is told of every call that code makes on a widget.
-  explicit Form(CallHook* hook = nullptr) : hook_(hook) {}
-  Form(const Form&) = delete;
-  Form& operator=(const Form&) = delete;
+  explicit MemoryForm(CallHook* hook = nullptr) : hook_(hook) {}
+  MemoryForm(const MemoryForm&) = delete;
+  MemoryForm& operator=(const MemoryForm&) = delete;
 
   FocusTracker& focusTracker() { return tracker_; }
   void onCall(std::string_view operation) {

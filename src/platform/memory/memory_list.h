@@ -11,7 +11,7 @@ namespace keyscout {
 /// A drop-down combo list in memory.
 class MemoryList final : public DropDownList {
  public:
-  MemoryList(Form& form, FocusReports& surface, DropDownListReports& reports)
+  MemoryList(MemoryForm& form, FocusReports& surface, DropDownListReports& reports)
       : form_(form), surface_(surface), reports_(reports) {}
 
   void setLeft(float) override {}
@@ -50,7 +50,7 @@ class MemoryList final : public DropDownList {
   void moveSelection(std::int16_t keyCode);
   void reportClick();
 
-  Form& form_;
+  MemoryForm& form_;
   FocusReports& surface_;
   DropDownListReports& reports_;
   std::deque<String> entries_;

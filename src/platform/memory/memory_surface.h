@@ -13,7 +13,7 @@ namespace keyscout {
 /// The place of one control on a form in memory.
 class MemorySurface final : public PlayableSurface, private FocusReports {
  public:
-  explicit MemorySurface(Form& form) : form_(form), textBox_(form, *this, width_) {}
+  explicit MemorySurface(MemoryForm& form) : form_(form), textBox_(form, *this, width_) {}
   ~MemorySurface() override { form_.focusTracker().forget(*this); }
   MemorySurface(const MemorySurface&) = delete;
   MemorySurface& operator=(const MemorySurface&) = delete;
@@ -42,7 +42,7 @@ class MemorySurface final : public PlayableSurface, private FocusReports {
              float y) override;
 
  private:
-  friend class Form;
+  friend class MemoryForm;
 
   bool keyDown(FocusPlace place, std::int16_t keyCode, std::int16_t shift);
   void keyPress(FocusPlace place, char16_t character);
@@ -54,7 +54,7 @@ class MemorySurface final : public PlayableSurface, private FocusReports {
   void surfaceLostFocus() noexcept override;
   void focusLeft() noexcept override;
 
-  Form& form_;
+  MemoryForm& form_;
   SurfaceReports* reports_ = nullptr;
   float width_ = 100;
   Boolean enabled_ = True;

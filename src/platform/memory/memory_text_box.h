@@ -10,7 +10,7 @@ namespace keyscout {
 /// A text box in memory.
 class MemoryTextBox final : public TextBox {
  public:
-  MemoryTextBox(Form& form, FocusReports& surface, float width)
+  MemoryTextBox(MemoryForm& form, FocusReports& surface, float width)
       : form_(form), surface_(surface), width_(width) {}
 
   void observe(TextBoxReports* reports) { reports_ = reports; }
@@ -58,7 +58,7 @@ class MemoryTextBox final : public TextBox {
   void replaceSelection(StringView text);
   void reportChange();
 
-  Form& form_;
+  MemoryForm& form_;
   FocusReports& surface_;
   TextBoxReports* reports_ = nullptr;
   String text_;

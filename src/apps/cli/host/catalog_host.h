@@ -34,7 +34,7 @@ class CatalogHost {
 
   Platform& platform() { return platform_; }
   RWKeyscoutController& controller() { return controller_; }
-  Form& form() { return form_; }
+  MemoryForm& form() { return form_; }
   /// What failed last, as a line of text. Forgets it.
   std::string takeFailure() { return trace_->take(); }
 
@@ -51,7 +51,7 @@ class CatalogHost {
   LocalLibrary library_{trace_};
   Platform platform_;
   RWKeyscoutController controller_{platform_};
-  Form form_;
+  MemoryForm form_;
 };
 
 /// `text` on one line, for messages that the component breaks into several.

@@ -81,7 +81,7 @@ class LookupForm final : private keyscoutControlEvents {
     return control_.keyscoutList() ? control_.keyscoutList()->entryCount() : 0;
   }
 
-  Form& form_;
+  MemoryForm& form_;
   String brand_;
   std::unique_ptr<PlayableSurface> surface_;
   keyscoutControl control_;

@@ -61,7 +61,7 @@ class TryForm {
   void authorizeChosen();
 
   CatalogHost& catalog_;
-  Form& form_;
+  MemoryForm& form_;
   std::unique_ptr<PlayableSurface> brand_;
   std::unique_ptr<PlayableSurface> authorized_;
   LookupField part_;
