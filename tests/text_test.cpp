@@ -43,8 +43,8 @@ TEST(Text, ParsesPlainNumbers) {
     std::int32_t value;
     std::int32_t error;
   };
-  constexpr std::int32_t mismatch = PlatformError::typeMismatch;
-  constexpr std::int32_t overflow = PlatformError::overflow;
+  constexpr std::int32_t mismatch = 13;
+  constexpr std::int32_t overflow = 6;
   const Case cases[] = {{u"0", 0, 0},
                         {u"0000000042", 42, 0},
                         {u"-7", -7, 0},
@@ -100,15 +100,15 @@ TEST(KeyedCollection, KeepsOrderAndComparesKeysWithoutCase) {
   items.add(1, u"B");
   items.add(2);
   items.add(3, u"a");
-  EXPECT_EQ(errorOf([&] { items.add(4, u"b"); }), PlatformError::keyAlreadyPresent);
+  EXPECT_EQ(errorOf([&] { items.add(4, u"b"); }), 457);
   EXPECT_EQ(items.count(), 3U);
   EXPECT_EQ(items.item(u"A"), 3);
   EXPECT_EQ(items.item(std::size_t{2}), 2);
-  EXPECT_EQ(errorOf([&] { items.item(u"c"); }), PlatformError::invalidArgument);
-  EXPECT_EQ(errorOf([&] { items.item(std::size_t{0}); }), PlatformError::subscriptOutOfRange);
-  EXPECT_EQ(errorOf([&] { items.item(std::size_t{4}); }), PlatformError::subscriptOutOfRange);
+  EXPECT_EQ(errorOf([&] { items.item(u"c"); }), 5);
+  EXPECT_EQ(errorOf([&] { items.item(std::size_t{0}); }), 9);
+  EXPECT_EQ(errorOf([&] { items.item(std::size_t{4}); }), 9);
   items.remove(u"b");
-  EXPECT_EQ(errorOf([&] { items.remove(u"b"); }), PlatformError::invalidArgument);
+  EXPECT_EQ(errorOf([&] { items.remove(u"b"); }), 5);
   items.add(5, u"B");
   std::vector<int> order;
   for (const auto& entry : items) order.push_back(entry.item);
@@ -123,11 +123,11 @@ TEST(Error, TurnsForeignExceptionsIntoPlatformNumbers) {
       return currentError().number();
     }
   };
-  EXPECT_EQ(numberFor(std::bad_alloc{}), PlatformError::outOfMemory);
-  EXPECT_EQ(numberFor(std::length_error{""}), PlatformError::outOfMemory);
-  EXPECT_EQ(numberFor(std::out_of_range{""}), PlatformError::subscriptOutOfRange);
-  EXPECT_EQ(numberFor(std::system_error{std::error_code{}}), PlatformError::fileAccess);
-  EXPECT_EQ(numberFor(42), PlatformError::invalidArgument);
+  EXPECT_EQ(numberFor(std::bad_alloc{}), 7);
+  EXPECT_EQ(numberFor(std::length_error{""}), 7);
+  EXPECT_EQ(numberFor(std::out_of_range{""}), 9);
+  EXPECT_EQ(numberFor(std::system_error{std::error_code{}}), 75);
+  EXPECT_EQ(numberFor(42), 5);
   EXPECT_EQ(numberFor(Error{-5, u"s", u"d"}), -5);
 }
 
@@ -150,7 +150,7 @@ TEST(Variant, ConvertsToANumberOrMismatches) {
                         {String{u"12 monkeys"}, 0, false}};
   for (const Case& c : cases)
     EXPECT_EQ(errorOf([&] { EXPECT_EQ(toInt32(c.value), c.expected); }),
-              c.converts ? 0 : PlatformError::typeMismatch);
+              c.converts ? 0 : 13);
 }
 
 }  // namespace

@@ -9,7 +9,7 @@
 namespace keyscout {
 namespace {
 
-StringView sentenceOf(std::int32_t number) {
+StringView sentenceOf(PlatformError number) {
   switch (number) {
     case PlatformError::invalidArgument: return u"Invalid argument";
     case PlatformError::overflow: return u"Overflow";
@@ -23,11 +23,11 @@ StringView sentenceOf(std::int32_t number) {
     case PlatformError::objectNotSet: return u"Object not set";
     case PlatformError::invalidPropertyValue: return u"Invalid property value";
     case PlatformError::keyAlreadyPresent: return u"Key already present";
-    default: return u"Platform failure";
   }
+  return u"Platform failure";
 }
 
-std::int32_t numberOf(const std::exception& failure) {
+PlatformError numberOf(const std::exception& failure) {
   if (dynamic_cast<const std::bad_alloc*>(&failure)) return PlatformError::outOfMemory;
   if (dynamic_cast<const std::length_error*>(&failure)) return PlatformError::outOfMemory;
   if (dynamic_cast<const std::out_of_range*>(&failure)) return PlatformError::subscriptOutOfRange;
@@ -40,17 +40,17 @@ std::int32_t numberOf(const std::exception& failure) {
 Error::Error(std::int32_t number, StringView source, StringView description)
     : number_(number), source_(source), description_(description), what_(toUtf8(description)) {}
 
-Error platformFailure(std::int32_t number, StringView source) {
-  return Error{number, source, sentenceOf(number)};
+Error platformFailure(PlatformError number, StringView source) {
+  return Error{static_cast<std::int32_t>(number), source, sentenceOf(number)};
 }
 
 Error currentError() noexcept {
-  std::int32_t number = PlatformError::invalidArgument;
+  PlatformError number = PlatformError::invalidArgument;
   try {
     try {
       throw;
     } catch (const Error& error) {
-      number = error.number();
+      number = static_cast<PlatformError>(error.number());
       return error;
     } catch (const std::exception& failure) {
       number = numberOf(failure);

@@ -3,26 +3,27 @@
 #include <cstdint>
 #include <exception>
 #include <string>
+#include <type_traits>
 
 #include "base/text.h"
 
 namespace keyscout {
 
 /// The platform's own error numbers, as a host knows them.
-namespace PlatformError {
-inline constexpr std::int32_t invalidArgument = 5;
-inline constexpr std::int32_t overflow = 6;
-inline constexpr std::int32_t outOfMemory = 7;
-inline constexpr std::int32_t subscriptOutOfRange = 9;
-inline constexpr std::int32_t typeMismatch = 13;
-inline constexpr std::int32_t fileNotFound = 53;
-inline constexpr std::int32_t permissionDenied = 70;
-inline constexpr std::int32_t fileAccess = 75;
-inline constexpr std::int32_t pathNotFound = 76;
-inline constexpr std::int32_t objectNotSet = 91;
-inline constexpr std::int32_t invalidPropertyValue = 380;
-inline constexpr std::int32_t keyAlreadyPresent = 457;
-}  // namespace PlatformError
+enum class PlatformError : std::int32_t {
+  invalidArgument = 5,
+  overflow = 6,
+  outOfMemory = 7,
+  subscriptOutOfRange = 9,
+  typeMismatch = 13,
+  fileNotFound = 53,
+  permissionDenied = 70,
+  fileAccess = 75,
+  pathNotFound = 76,
+  objectNotSet = 91,
+  invalidPropertyValue = 380,
+  keyAlreadyPresent = 457,
+};
 
 /// The one exception type of the component: what went wrong as a number, the class in which it
 /// went wrong, and a sentence.
@@ -31,6 +32,12 @@ class Error : public std::exception {
   Error(std::int32_t number, StringView source, StringView description);
 
   std::int32_t number() const { return number_; }
+  /// True when the number is this one of an enumeration's.
+  template <class Enum>
+    requires std::is_enum_v<Enum>
+  bool hasNumber(Enum number) const {
+    return number_ == static_cast<std::int32_t>(number);
+  }
   const String& source() const { return source_; }
   const String& description() const { return description_; }
 
@@ -39,7 +46,7 @@ class Error : public std::exception {
 
  private:
   friend Error currentError() noexcept;
-  explicit Error(std::int32_t number) noexcept : number_(number) {}
+  explicit Error(PlatformError number) noexcept : number_(static_cast<std::int32_t>(number)) {}
 
   std::int32_t number_;
   String source_;
@@ -48,7 +55,7 @@ class Error : public std::exception {
 };
 
 /// A failure with a platform number and that number's own sentence.
-Error platformFailure(std::int32_t number, StringView source);
+Error platformFailure(PlatformError number, StringView source);
 
 /// The exception being handled, as an `Error`: an `Error` as it is, a foreign exception under the
 /// platform number nearest to it. Call it inside a catch block only. Where memory does not even

@@ -5,13 +5,6 @@
 #include "shared/download_format.h"
 
 namespace keyscout {
-namespace {
-
-bool is(const Error& error, KeyscoutErrorCodes code) {
-  return error.number() == static_cast<std::int32_t>(code);
-}
-
-}  // namespace
 
 Boolean RWKeyscoutController::checkDownloadVersion() {
   static constexpr Procedure procedure = controllerProcedure(u"checkDownloadVersion");
@@ -32,10 +25,10 @@ Boolean RWKeyscoutController::checkDownloadVersion() {
                       u"the current version of Tessaly.");
       },
       [&](const Error& error) -> Boolean {
-        if (is(error, KeyscoutErrorCodes::CatalogFormatChanged) ||
-            is(error, KeyscoutErrorCodes::InconsistantVersion))
+        if (error.hasNumber(KeyscoutErrorCodes::CatalogFormatChanged) ||
+            error.hasNumber(KeyscoutErrorCodes::InconsistantVersion))
           throw Error{error};
-        if (error.number() == PlatformError::fileNotFound)
+        if (error.hasNumber(PlatformError::fileNotFound))
           throw refusal(KeyscoutErrorCodes::RequiredFilesMissing,
                         u"The catalog number download file does not exist.");
         tracer_.report(procedure, error);
@@ -63,8 +56,8 @@ Boolean RWKeyscoutController::checkCatalogControlFile() {
                       u"invalid data.");
       },
       [&](const Error& error) -> Boolean {
-        if (is(error, KeyscoutErrorCodes::ControlStatusInProcess) ||
-            is(error, KeyscoutErrorCodes::ControlStatusCorrupt))
+        if (error.hasNumber(KeyscoutErrorCodes::ControlStatusInProcess) ||
+            error.hasNumber(KeyscoutErrorCodes::ControlStatusCorrupt))
           throw Error{error};
         tracer_.report(procedure, error);
         return False;
@@ -95,7 +88,7 @@ void RWKeyscoutController::needToUpdate(std::int16_t days) {
           throw refusal(KeyscoutErrorCodes::CatalogFilesOld, u"Keyscout data is not current.");
       },
       [&](const Error& error) {
-        if (!is(error, KeyscoutErrorCodes::CatalogFilesOld)) tracer_.report(procedure, error);
+        if (!error.hasNumber(KeyscoutErrorCodes::CatalogFilesOld)) tracer_.report(procedure, error);
         throw Error{error};
       });
 }

@@ -9,8 +9,9 @@ namespace keyscout {
 namespace {
 
 /// A platform number becomes the result that hosts turn back into that number.
-HRESULT resultOf(std::int32_t number) {
-  if (number == PlatformError::outOfMemory) return E_OUTOFMEMORY;
+HRESULT resultOf(const Error& error) {
+  if (error.hasNumber(PlatformError::outOfMemory)) return E_OUTOFMEMORY;
+  const std::int32_t number = error.number();
   constexpr std::uint32_t platformNumbers = 0x800A0000;
   if (number >= 0 && number <= 0xFFFF)
     return static_cast<HRESULT>(platformNumbers | static_cast<std::uint32_t>(number));
@@ -41,7 +42,7 @@ HRESULT currentFailure(REFIID interfaceId) noexcept {
       leaveErrorInformation(error, interfaceId);
     } catch (...) {  // NOLINT(bugprone-empty-catch): the number goes out all the same
     }
-    return resultOf(error.number());
+    return resultOf(error);
   }
 }
 
