@@ -23,11 +23,11 @@ keyscoutControl::keyscoutControl(Platform& platform, ControlSurface& surface,
       module_(keyscoutModule::ofThisThread()),
       tracer_(platform.objectLibrary),
       lookup_(platform, *this) {
-  surface_.observe(&surfaceObserver_, &textBoxObserver_);
+  surface_.setObservers(&surfaceForwarder_, &textBoxForwarder_);
 }
 
 keyscoutControl::~keyscoutControl() {
-  surface_.observe(nullptr, nullptr);
+  surface_.setObservers(nullptr, nullptr);
   ignoringFailure([&] { removeList(); });
 }
 

@@ -2,14 +2,14 @@
 
 #include <cstdint>
 
+#include "base/variant.h"
 #include "control/control_events.h"
 #include "control/control_fields.h"
-#include "control/widget_observers.h"
+#include "control/widget_forwarders.h"
 #include "lookup/lookup_client.h"
 #include "lookup/lookup_engine.h"
 #include "platform/brand_list.h"
 #include "platform/platform.h"
-#include "base/variant.h"
 #include "platform/widgets.h"
 #include "shared/keyscout_module.h"
 #include "shared/tracer.h"
@@ -149,9 +149,9 @@ class keyscoutControl : private LookupClient {
   LookupEngine lookup_;
   DropDownList* list_ = nullptr;  // owned by the surface
 
-  SurfaceObserver surfaceObserver_{*this};
-  TextBoxObserver textBoxObserver_{*this};
-  DropDownListObserver listObserver_{*this};
+  SurfaceForwarder surfaceForwarder_{*this};
+  TextBoxForwarder textBoxForwarder_{*this};
+  DropDownListForwarder listForwarder_{*this};
 };
 
 }  // namespace keyscout

@@ -17,7 +17,7 @@ DropDownList& keyscoutControl::list() {
 /// list under it.
 void keyscoutControl::createList() {
   if (list_) return;
-  list_ = &surface_.addDropDownList(listName, listObserver_);
+  list_ = &surface_.addDropDownList(listName, listForwarder_);
   list_->setLeft(textBox_.left());
   list_->setTop(textBox_.top());
   list_->setWidth(textBox_.width());

@@ -3,8 +3,8 @@
 #include <chrono>
 #include <memory>
 
-#include "platform/sequential_file.h"
 #include "base/text.h"
+#include "platform/sequential_file.h"
 
 namespace keyscout {
 

@@ -16,7 +16,7 @@ void FocusTracker::release() noexcept {
   --depth_;
 }
 
-void FocusTracker::moveTo(FocusReports& control, FocusPlace place) { change({&control, place}); }
+void FocusTracker::moveTo(FocusObserver& control, FocusPlace place) { change({&control, place}); }
 
 void FocusTracker::leave() { change({}); }
 
@@ -27,22 +27,22 @@ void FocusTracker::change(Focus next) {
   const bool leaves = last.control != next.control;
 
   if (last.control && last.place == FocusPlace::textBox)
-    waiting_.push_back({last.control, &FocusReports::textBoxLostFocus});
+    waiting_.push_back({last.control, &FocusObserver::textBoxLostFocus});
   if (last.control && last.place == FocusPlace::surface)
-    waiting_.push_back({last.control, &FocusReports::surfaceLostFocus});
-  if (last.control && leaves) waiting_.push_back({last.control, &FocusReports::focusLeft});
+    waiting_.push_back({last.control, &FocusObserver::surfaceLostFocus});
+  if (last.control && leaves) waiting_.push_back({last.control, &FocusObserver::focusLeft});
   if (next.control && next.place == FocusPlace::textBox)
-    waiting_.push_back({next.control, &FocusReports::textBoxGotFocus});
+    waiting_.push_back({next.control, &FocusObserver::textBoxGotFocus});
 }
 
-void FocusTracker::listRemoved(FocusReports& control) {
+void FocusTracker::listRemoved(FocusObserver& control) {
   if (!has(control, FocusPlace::list)) return;
   const Hold hold{*this};
   focus_ = {};
-  waiting_.push_back({&control, &FocusReports::focusLeft});
+  waiting_.push_back({&control, &FocusObserver::focusLeft});
 }
 
-void FocusTracker::forget(FocusReports& control) {
+void FocusTracker::forget(FocusObserver& control) {
   if (focus_.control == &control) focus_ = {};
   std::erase_if(waiting_, [&](const Report& report) { return report.control == &control; });
 }

@@ -8,9 +8,9 @@ namespace keyscout {
 enum class FocusPlace { textBox, list, surface };
 
 /// What a change of focus means to one control.
-class FocusReports {
+class FocusObserver {
  public:
-  virtual ~FocusReports() = default;
+  virtual ~FocusObserver() = default;
 
   virtual void textBoxGotFocus() noexcept = 0;
   virtual void textBoxLostFocus() noexcept = 0;
@@ -25,7 +25,7 @@ class FocusReports {
 class FocusTracker {
  public:
   struct Focus {
-    FocusReports* control = nullptr;
+    FocusObserver* control = nullptr;
     FocusPlace place = FocusPlace::surface;
     friend bool operator==(const Focus&, const Focus&) = default;
   };
@@ -48,25 +48,25 @@ class FocusTracker {
 
   /// No control in particular has the focus: `{}`. Giving it to what has it reports nothing.
   Focus focus() const { return focus_; }
-  bool has(const FocusReports& control, FocusPlace place) const {
+  bool has(const FocusObserver& control, FocusPlace place) const {
     return focus_.control == &control && focus_.place == place;
   }
 
   /// Moves the focus; outside of any handler the reports come before this returns.
-  void moveTo(FocusReports& control, FocusPlace place);
+  void moveTo(FocusObserver& control, FocusPlace place);
   void leave();
 
   /// The list of `control` was removed: where it had the focus nothing has it now, and of a list
   /// that is gone only that the focus left is reported.
-  void listRemoved(FocusReports& control);
+  void listRemoved(FocusObserver& control);
 
   /// `control` is going: it loses the focus and gets no report any more.
-  void forget(FocusReports& control);
+  void forget(FocusObserver& control);
 
  private:
   struct Report {
-    FocusReports* control;
-    void (FocusReports::*deliver)() noexcept;
+    FocusObserver* control;
+    void (FocusObserver::*deliver)() noexcept;
   };
 
   void change(Focus next);

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/clock.h"
 #include "base/code_page.h"
+#include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/message_box.h"
 #include "platform/object_library.h"

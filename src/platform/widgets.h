@@ -41,9 +41,9 @@ inline constexpr std::int16_t deleteKey = 46;
 
 /// What a text box reports. Arguments by reference are the toolkit's own: what the observer leaves
 /// in them is what the text box goes on with.
-class TextBoxReports {
+class TextBoxObserver {
  public:
-  virtual ~TextBoxReports() = default;
+  virtual ~TextBoxObserver() = default;
 
   virtual void changed() = 0;
   virtual void keyDown(std::int16_t& keyCode, std::int16_t& shift) = 0;
@@ -58,9 +58,9 @@ class TextBoxReports {
   virtual void lostFocus() = 0;
 };
 
-class DropDownListReports {
+class DropDownListObserver {
  public:
-  virtual ~DropDownListReports() = default;
+  virtual ~DropDownListObserver() = default;
 
   virtual void keyDown(std::int16_t& keyCode, std::int16_t& shift) = 0;
   virtual void keyUp(std::int16_t& keyCode, std::int16_t& shift) = 0;
@@ -71,9 +71,9 @@ class DropDownListReports {
 };
 
 /// What the control's own surface reports.
-class SurfaceReports {
+class SurfaceObserver {
  public:
-  virtual ~SurfaceReports() = default;
+  virtual ~SurfaceObserver() = default;
 
   virtual void resized() = 0;
   /// The surface itself, without a widget of it, lost the focus.
@@ -155,12 +155,12 @@ class ControlSurface {
 
   /// Names the observers of the surface and its text box; null ones end the reports, which a
   /// control does before it is gone.
-  virtual void observe(SurfaceReports* surface, TextBoxReports* textBox) = 0;
+  virtual void setObservers(SurfaceObserver* surface, TextBoxObserver* textBox) = 0;
   virtual TextBox& textBox() = 0;
 
-  /// Creates a drop-down list named `name` that reports to `reports`, invisible and at the
+  /// Creates a drop-down list named `name` that reports to `observer`, invisible and at the
   /// surface's origin. The list lives until it is removed or the surface is gone.
-  virtual DropDownList& addDropDownList(StringView name, DropDownListReports& reports) = 0;
+  virtual DropDownList& addDropDownList(StringView name, DropDownListObserver& observer) = 0;
   /// Removes the child widget named `name`; fails with invalid argument (5) where there is none.
   virtual void removeChild(StringView name) = 0;
 

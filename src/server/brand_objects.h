@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "keyscout_h.h"
 #include "base/keyed_collection.h"
+#include "keyscout_h.h"
 #include "server/com/automation.h"
 #include "server/com/values.h"
 

@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "base/boolean.h"
-#include "platform/brand_list.h"
 #include "base/error.h"
 #include "base/keyed_collection.h"
+#include "platform/brand_list.h"
 #include "platform/object_library.h"
 #include "shared/catalog_table_entry.h"
 

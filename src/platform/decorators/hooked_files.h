@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/files.h"
 #include "platform/decorators/call_hook.h"
+#include "platform/files.h"
 
 namespace keyscout {
 

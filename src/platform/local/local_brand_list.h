@@ -3,8 +3,8 @@
 #include <memory>
 #include <vector>
 
-#include "platform/brand_list.h"
 #include "base/keyed_collection.h"
+#include "platform/brand_list.h"
 
 namespace keyscout {
 

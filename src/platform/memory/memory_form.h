@@ -3,10 +3,10 @@
 #include <cstdint>
 #include <string_view>
 
-#include "platform/focus_tracker.h"
-#include "platform/decorators/call_hook.h"
-#include "platform/playable.h"
 #include "base/text.h"
+#include "platform/decorators/call_hook.h"
+#include "platform/focus_tracker.h"
+#include "platform/playable.h"
 
 namespace keyscout {
 

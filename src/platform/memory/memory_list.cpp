@@ -71,7 +71,7 @@ void MemoryList::setRedraw(bool redraw) {
 bool MemoryList::keyDown(std::int16_t keyCode, std::int16_t shift) {
   {
     const FocusTracker::Hold handler{form_.focusTracker()};
-    reports_.keyDown(keyCode, shift);
+    observer_.keyDown(keyCode, shift);
   }
   if (keyCode == 0) return false;
   if (shift == 0) moveSelection(keyCode);
@@ -81,12 +81,12 @@ bool MemoryList::keyDown(std::int16_t keyCode, std::int16_t shift) {
 void MemoryList::keyPress(char16_t character) {
   if (character == u'\r') return;
   const FocusTracker::Hold handler{form_.focusTracker()};
-  reports_.editChanged();
+  observer_.editChanged();
 }
 
 void MemoryList::keyUp(std::int16_t keyCode, std::int16_t shift) {
   const FocusTracker::Hold handler{form_.focusTracker()};
-  reports_.keyUp(keyCode, shift);
+  observer_.keyUp(keyCode, shift);
 }
 
 void MemoryList::choose(std::int16_t entry) {
@@ -120,7 +120,7 @@ void MemoryList::moveSelection(std::int16_t keyCode) {
 
 void MemoryList::reportClick() {
   const FocusTracker::Hold handler{form_.focusTracker()};
-  reports_.clicked();
+  observer_.clicked();
 }
 
 }  // namespace keyscout

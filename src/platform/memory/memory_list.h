@@ -11,8 +11,8 @@ namespace keyscout {
 /// A drop-down combo list in memory.
 class MemoryList final : public DropDownList {
  public:
-  MemoryList(MemoryForm& form, FocusReports& surface, DropDownListReports& reports)
-      : form_(form), surface_(surface), reports_(reports) {}
+  MemoryList(MemoryForm& form, FocusObserver& surface, DropDownListObserver& observer)
+      : form_(form), surface_(surface), observer_(observer) {}
 
   void setLeft(float) override {}
   void setTop(float) override {}
@@ -51,8 +51,8 @@ class MemoryList final : public DropDownList {
   void reportClick();
 
   MemoryForm& form_;
-  FocusReports& surface_;
-  DropDownListReports& reports_;
+  FocusObserver& surface_;
+  DropDownListObserver& observer_;
   std::deque<String> entries_;
   std::int16_t selected_ = -1;
   bool isDropped_ = false;

@@ -4,15 +4,15 @@
 
 namespace keyscout {
 
-void MemorySurface::observe(SurfaceReports* surface, TextBoxReports* textBox) {
-  reports_ = surface;
-  textBox_.observe(textBox);
+void MemorySurface::setObservers(SurfaceObserver* surface, TextBoxObserver* textBox) {
+  observer_ = surface;
+  textBox_.setObserver(textBox);
 }
 
-DropDownList& MemorySurface::addDropDownList(StringView name, DropDownListReports& reports) {
+DropDownList& MemorySurface::addDropDownList(StringView name, DropDownListObserver& observer) {
   form_.onCall("addDropDownList");
-  FocusReports& focusReports = *this;
-  list_ = std::make_shared<MemoryList>(form_, focusReports, reports);
+  FocusObserver& focusObserver = *this;
+  list_ = std::make_shared<MemoryList>(form_, focusObserver, observer);
   listName_ = name;
   return *list_;
 }
@@ -43,7 +43,7 @@ std::optional<FocusPlace> MemorySurface::focusPlace() const {
 void MemorySurface::resize(float width) {
   width_ = width;
   const FocusTracker::Hold handler{form_.focusTracker()};
-  if (reports_) reports_->resized();
+  if (observer_) observer_->resized();
 }
 
 void MemorySurface::click(std::int16_t entry) {
@@ -82,19 +82,19 @@ void MemorySurface::keyUp(FocusPlace place, std::int16_t keyCode, std::int16_t s
 }
 
 void MemorySurface::textBoxGotFocus() noexcept {
-  if (textBox_.reports_) textBox_.reports_->gotFocus();
+  if (textBox_.observer_) textBox_.observer_->gotFocus();
 }
 
 void MemorySurface::textBoxLostFocus() noexcept {
-  if (textBox_.reports_) textBox_.reports_->lostFocus();
+  if (textBox_.observer_) textBox_.observer_->lostFocus();
 }
 
 void MemorySurface::surfaceLostFocus() noexcept {
-  if (reports_) reports_->lostFocus();
+  if (observer_) observer_->lostFocus();
 }
 
 void MemorySurface::focusLeft() noexcept {
-  if (reports_) reports_->focusLeft();
+  if (observer_) observer_->focusLeft();
 }
 
 }  // namespace keyscout

@@ -11,16 +11,16 @@
 namespace keyscout {
 
 /// The place of one control on a form in memory.
-class MemorySurface final : public PlayableSurface, private FocusReports {
+class MemorySurface final : public PlayableSurface, private FocusObserver {
  public:
   explicit MemorySurface(MemoryForm& form) : form_(form), textBox_(form, *this, width_) {}
   ~MemorySurface() override { form_.focusTracker().forget(*this); }
   MemorySurface(const MemorySurface&) = delete;
   MemorySurface& operator=(const MemorySurface&) = delete;
 
-  void observe(SurfaceReports* surface, TextBoxReports* textBox) override;
+  void setObservers(SurfaceObserver* surface, TextBoxObserver* textBox) override;
   MemoryTextBox& textBox() override { return textBox_; }
-  DropDownList& addDropDownList(StringView name, DropDownListReports& reports) override;
+  DropDownList& addDropDownList(StringView name, DropDownListObserver& observer) override;
   void removeChild(StringView name) override;
   float width() const override { return width_; }
   void setEnabled(Boolean enabled) override { enabled_ = enabled; }
@@ -48,14 +48,14 @@ class MemorySurface final : public PlayableSurface, private FocusReports {
   void keyPress(FocusPlace place, char16_t character);
   void keyUp(FocusPlace place, std::int16_t keyCode, std::int16_t shift);
 
-  // FocusReports
+  // FocusObserver
   void textBoxGotFocus() noexcept override;
   void textBoxLostFocus() noexcept override;
   void surfaceLostFocus() noexcept override;
   void focusLeft() noexcept override;
 
   MemoryForm& form_;
-  SurfaceReports* reports_ = nullptr;
+  SurfaceObserver* observer_ = nullptr;
   float width_ = 100;
   Boolean enabled_ = True;
   std::int16_t mousePointer_ = 0;

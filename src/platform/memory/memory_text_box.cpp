@@ -38,9 +38,9 @@ void MemoryTextBox::setFocus() {
 }
 
 bool MemoryTextBox::keyDown(std::int16_t keyCode, std::int16_t shift) {
-  if (reports_) {
+  if (observer_) {
     const FocusTracker::Hold handler{form_.focusTracker()};
-    reports_->keyDown(keyCode, shift);
+    observer_->keyDown(keyCode, shift);
   }
   if (keyCode == 0) return false;
   if ((shift & (Modifier::ctrl | Modifier::alt)) == 0) applyKey(keyCode);
@@ -49,9 +49,9 @@ bool MemoryTextBox::keyDown(std::int16_t keyCode, std::int16_t shift) {
 
 void MemoryTextBox::keyPress(char16_t character) {
   auto code = static_cast<std::int16_t>(character);
-  if (reports_) {
+  if (observer_) {
     const FocusTracker::Hold handler{form_.focusTracker()};
-    reports_->keyPress(code);
+    observer_->keyPress(code);
   }
   if (code == 0) return;
   const auto typed = static_cast<char16_t>(code);
@@ -60,7 +60,7 @@ void MemoryTextBox::keyPress(char16_t character) {
 
 void MemoryTextBox::keyUp(std::int16_t keyCode, std::int16_t shift) {
   const FocusTracker::Hold handler{form_.focusTracker()};
-  if (reports_) reports_->keyUp(keyCode, shift);
+  if (observer_) observer_->keyUp(keyCode, shift);
 }
 
 void MemoryTextBox::paste(StringView text) {
@@ -69,14 +69,14 @@ void MemoryTextBox::paste(StringView text) {
 
 void MemoryTextBox::mouse(MouseReport report, std::int16_t button, std::int16_t shift, float x,
                           float y) {
-  if (!reports_) return;
+  if (!observer_) return;
   const FocusTracker::Hold handler{form_.focusTracker()};
   switch (report) {
-    case MouseReport::down: return reports_->mouseDown(button, shift, x, y);
-    case MouseReport::move: return reports_->mouseMoved(button, shift, x, y);
-    case MouseReport::up: return reports_->mouseUp(button, shift, x, y);
-    case MouseReport::click: return reports_->clicked();
-    case MouseReport::doubleClick: return reports_->doubleClicked();
+    case MouseReport::down: return observer_->mouseDown(button, shift, x, y);
+    case MouseReport::move: return observer_->mouseMoved(button, shift, x, y);
+    case MouseReport::up: return observer_->mouseUp(button, shift, x, y);
+    case MouseReport::click: return observer_->clicked();
+    case MouseReport::doubleClick: return observer_->doubleClicked();
   }
 }
 
@@ -116,7 +116,7 @@ void MemoryTextBox::replaceSelection(StringView text) {
 
 void MemoryTextBox::reportChange() {
   const FocusTracker::Hold handler{form_.focusTracker()};
-  if (reports_) reports_->changed();
+  if (observer_) observer_->changed();
 }
 
 }  // namespace keyscout

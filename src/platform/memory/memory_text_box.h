@@ -10,10 +10,10 @@ namespace keyscout {
 /// A text box in memory.
 class MemoryTextBox final : public TextBox {
  public:
-  MemoryTextBox(MemoryForm& form, FocusReports& surface, float width)
+  MemoryTextBox(MemoryForm& form, FocusObserver& surface, float width)
       : form_(form), surface_(surface), width_(width) {}
 
-  void observe(TextBoxReports* reports) { reports_ = reports; }
+  void setObserver(TextBoxObserver* observer) { observer_ = observer; }
 
   String text() const override { return text_; }
   void setText(StringView text) override;
@@ -59,8 +59,8 @@ class MemoryTextBox final : public TextBox {
   void reportChange();
 
   MemoryForm& form_;
-  FocusReports& surface_;
-  TextBoxReports* reports_ = nullptr;
+  FocusObserver& surface_;
+  TextBoxObserver* observer_ = nullptr;
   String text_;
   std::size_t start_ = 0;
   std::size_t length_ = 0;

@@ -24,9 +24,9 @@ int heightOf(const RECT& rectangle) { return rectangle.bottom - rectangle.top; }
 
 }  // namespace
 
-Win32List::Win32List(Win32Surface& surface, HWND parent, DropDownListReports& reports)
+Win32List::Win32List(Win32Surface& surface, HWND parent, DropDownListObserver& observer)
     : surface_(surface),
-      reports_(&reports),
+      observer_(&observer),
       combo_(*this, surface, &Win32List::onComboMessage),
       edit_(*this, surface, &Win32List::onEditMessage),
       dropDown_(*this, surface, &Win32List::onDropDownMessage) {
@@ -68,7 +68,7 @@ void Win32List::renew(HWND parent) {
 }
 
 void Win32List::retire() {
-  reports_ = nullptr;
+  observer_ = nullptr;
   park();
 }
 

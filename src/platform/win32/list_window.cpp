@@ -19,7 +19,7 @@ void Win32List::onNotification(WORD code) {
       // A key that changes nothing is no click; a click on what is selected already is one.
       const bool isClick = std::exchange(selected_, now) != now || choosing_;
       choosing_ = false;
-      if (isClick) report([](DropDownListReports& to) { to.clicked(); });
+      if (isClick) report([](DropDownListObserver& to) { to.clicked(); });
       break;
     }
     case CBN_DROPDOWN: surface_.wantedKeysChanged(); break;
@@ -27,7 +27,7 @@ void Win32List::onNotification(WORD code) {
       surface_.wantedKeysChanged();
       if (closingByCode_ == 0 && !choosing_) surface_.listClosedByUser();
       break;
-    case CBN_EDITCHANGE: report([](DropDownListReports& to) { to.editChanged(); }); break;
+    case CBN_EDITCHANGE: report([](DropDownListObserver& to) { to.editChanged(); }); break;
     default: break;
   }
 }
@@ -51,7 +51,7 @@ LRESULT Win32List::onEditMessage(Part& part, UINT message, WPARAM wParam, LPARAM
     case WM_SYSKEYUP: {
       auto keyCode = static_cast<std::int16_t>(wParam);
       std::int16_t shift = modifierMask();
-      report([&](DropDownListReports& to) { to.keyUp(keyCode, shift); });
+      report([&](DropDownListObserver& to) { to.keyUp(keyCode, shift); });
       break;
     }
     case WM_GETDLGCODE: return surface_.dialogCode(lParam);
@@ -79,7 +79,7 @@ LRESULT Win32List::onKeyDown(UINT message, WPARAM wParam, LPARAM lParam) {
   restoreSelection();
   auto keyCode = static_cast<std::int16_t>(wParam);
   std::int16_t shift = modifierMask();
-  report([&](DropDownListReports& to) { to.keyDown(keyCode, shift); });
+  report([&](DropDownListObserver& to) { to.keyDown(keyCode, shift); });
   // What is left for the combo box to do with a key is to move its selection or to close. A key
   // that took the focus elsewhere has done its work, and Enter only closes what it accepts from.
   // Only lookups open a list: Alt with an arrow would open the one that it has just closed. Alt

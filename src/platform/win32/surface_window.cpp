@@ -63,9 +63,9 @@ LRESULT Win32Surface::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_COMMAND: onCommand(std::bit_cast<HWND>(lParam), HIWORD(wParam)); return 0;
     case WM_SIZE:
-      if (reports_) {
+      if (observer_) {
         const FocusTracker::Hold handler{focusTracker()};
-        reports_->resized();
+        observer_->resized();
         if (list_ && list_->width() != textBox_.width()) list_->setWidth(textBox_.width());
       }
       return 0;

@@ -43,7 +43,7 @@ LRESULT Win32TextBox::onKeyDown(UINT message, WPARAM wParam, LPARAM lParam) {
   auto keyCode = static_cast<std::int16_t>(wParam);
   std::int16_t shift = modifierMask();
   const bool hadFocus = GetFocus() == window();
-  report([&](TextBoxReports& observer) { observer.keyDown(keyCode, shift); });
+  report([&](TextBoxObserver& observer) { observer.keyDown(keyCode, shift); });
   const bool movedFocus = hadFocus && GetFocus() != window();
   const bool hasOtherCode = keyCode != static_cast<std::int16_t>(wParam);
   // The character that the key was translated to is on its way to this window already.
@@ -63,7 +63,7 @@ LRESULT Win32TextBox::onCharacter(UINT message, WPARAM wParam, LPARAM lParam) {
   if (character_ == Character::handOn) return SendMessageW(GetFocus(), message, wParam, lParam);
   if (message != WM_CHAR) return original(message, wParam, lParam);
   auto character = static_cast<std::int16_t>(wParam);
-  report([&](TextBoxReports& observer) { observer.keyPress(character); });
+  report([&](TextBoxObserver& observer) { observer.keyPress(character); });
   if (character == 0) return 0;
   return original(message, static_cast<std::uint16_t>(character), lParam);
 }
@@ -72,7 +72,7 @@ LRESULT Win32TextBox::onKeyUp(UINT message, WPARAM wParam, LPARAM lParam) {
   character_ = Character::take;
   auto keyCode = static_cast<std::int16_t>(wParam);
   std::int16_t shift = modifierMask();
-  report([&](TextBoxReports& observer) { observer.keyUp(keyCode, shift); });
+  report([&](TextBoxObserver& observer) { observer.keyUp(keyCode, shift); });
   if (keyCode == 0) return 0;
   return original(message, static_cast<std::uint16_t>(keyCode), lParam);
 }
@@ -85,20 +85,20 @@ void Win32TextBox::reportMouse(UINT message, WPARAM wParam, LPARAM lParam) {
   auto y = static_cast<float>(input.at.y);
   switch (input.kind) {
     case MouseInput::Kind::move:
-      return report([&](TextBoxReports& to) { to.mouseMoved(input.button, shift, x, y); });
+      return report([&](TextBoxObserver& to) { to.mouseMoved(input.button, shift, x, y); });
     case MouseInput::Kind::down:
       pressed_ = message == WM_LBUTTONDOWN;
-      return report([&](TextBoxReports& to) { to.mouseDown(input.button, shift, x, y); });
+      return report([&](TextBoxObserver& to) { to.mouseDown(input.button, shift, x, y); });
     case MouseInput::Kind::doubleClick:
       pressed_ = false;  // its release is no click of its own
-      return report([&](TextBoxReports& to) { to.doubleClicked(); });
+      return report([&](TextBoxObserver& to) { to.doubleClicked(); });
     case MouseInput::Kind::up: {
-      report([&](TextBoxReports& to) { to.mouseUp(input.button, shift, x, y); });
+      report([&](TextBoxObserver& to) { to.mouseUp(input.button, shift, x, y); });
       RECT area{};
       GetClientRect(window(), &area);
       const bool wasPressed = std::exchange(pressed_, false);
       const bool isClick = wasPressed && message == WM_LBUTTONUP && PtInRect(&area, input.at);
-      if (isClick) report([](TextBoxReports& to) { to.clicked(); });
+      if (isClick) report([](TextBoxObserver& to) { to.clicked(); });
       return;
     }
     case MouseInput::Kind::none: return;

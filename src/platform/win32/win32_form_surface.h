@@ -30,12 +30,12 @@ class Win32FormSurface final : public PlayableSurface, private SurfaceOwner {
   void whenListIsClosed(const std::function<void()>& tell) override { tellClosed_ = tell; }
 
   // ControlSurface
-  void observe(SurfaceReports* surface, TextBoxReports* textBox) override {
-    surface_.observe(surface, textBox);
+  void setObservers(SurfaceObserver* surface, TextBoxObserver* textBox) override {
+    surface_.setObservers(surface, textBox);
   }
   Win32TextBox& textBox() override { return surface_.textBox(); }
-  DropDownList& addDropDownList(StringView name, DropDownListReports& reports) override {
-    return surface_.addDropDownList(name, reports);
+  DropDownList& addDropDownList(StringView name, DropDownListObserver& observer) override {
+    return surface_.addDropDownList(name, observer);
   }
   void removeChild(StringView name) override { surface_.removeChild(name); }
   float width() const override { return surface_.width(); }

@@ -22,10 +22,10 @@ LRESULT Win32List::send(UINT message, WPARAM wParam, LPARAM lParam) const {
   return SendMessageW(window(), message, wParam, lParam);
 }
 
-void Win32List::report(const std::function<void(DropDownListReports&)>& report) {
-  if (!reports_) return;
+void Win32List::report(const std::function<void(DropDownListObserver&)>& report) {
+  if (!observer_) return;
   const FocusTracker::Hold handler{surface_.focusTracker()};
-  report(*reports_);
+  report(*observer_);
 }
 
 bool Win32List::isDropped() const { return window() && send(CB_GETDROPPEDSTATE) != 0; }
@@ -84,7 +84,7 @@ void Win32List::select(std::int16_t entry) {
   if (entry != -1 && !isEntry(entry)) refuseEntry();
   selected_ = entry;
   send(CB_SETCURSEL, static_cast<WPARAM>(entry));
-  report([](DropDownListReports& to) { to.clicked(); });
+  report([](DropDownListObserver& to) { to.clicked(); });
 }
 
 void Win32List::restoreSelection() {
@@ -93,11 +93,11 @@ void Win32List::restoreSelection() {
 
 void Win32List::setFocus() {
   // The combo box would close its list if the focus went from its edit part to itself.
-  if (reports_ && GetFocus() != edit_.window()) SetFocus(window());
+  if (observer_ && GetFocus() != edit_.window()) SetFocus(window());
 }
 
 void Win32List::showDropDown(bool show) {
-  if (!reports_) return;  // out of sight for good
+  if (!observer_) return;  // out of sight for good
   const bool closes = !show && isDropped();
   if (show && !isDropped()) GetCursorPos(&pointer_);
   {
@@ -111,7 +111,7 @@ void Win32List::showDropDown(bool show) {
     // The pointer was the text box's, and no message changes it while the list has the mouse.
     SetCursor(LoadCursorW(nullptr, IDC_ARROW));
   }
-  if (closes && selected_ >= 0) report([](DropDownListReports& to) { to.clicked(); });
+  if (closes && selected_ >= 0) report([](DropDownListObserver& to) { to.clicked(); });
 }
 
 void Win32List::setRedraw(bool redraw) {

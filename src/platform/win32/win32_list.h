@@ -16,7 +16,7 @@ class Win32Surface;
 /// as the combo box's selection, and opening it makes one of its own.
 class Win32List final : public DropDownList {
  public:
-  Win32List(Win32Surface& surface, HWND parent, DropDownListReports& reports);
+  Win32List(Win32Surface& surface, HWND parent, DropDownListObserver& observer);
   ~Win32List();
 
   HWND window() const { return combo_.window(); }
@@ -118,10 +118,10 @@ class Win32List final : public DropDownList {
   void restoreSelection();
   void fitToFont();
   void fitDropDown();
-  void report(const std::function<void(DropDownListReports&)>& report);
+  void report(const std::function<void(DropDownListObserver&)>& report);
 
   Win32Surface& surface_;
-  DropDownListReports* reports_;
+  DropDownListObserver* observer_;
   Part combo_;
   Part edit_;
   Part dropDown_;

@@ -66,9 +66,9 @@ void Win32Surface::endHostCall() noexcept {
   leave();
 }
 
-void Win32Surface::observe(SurfaceReports* surface, TextBoxReports* textBox) {
-  reports_ = surface;
-  textBox_.observe(textBox);
+void Win32Surface::setObservers(SurfaceObserver* surface, TextBoxObserver* textBox) {
+  observer_ = surface;
+  textBox_.setObserver(textBox);
 }
 
 bool Win32Surface::placeOn(HWND parent, const RECT& at) {
@@ -161,8 +161,8 @@ void Win32Surface::setRightToLeft(bool rightToLeft) {
   if (list_) list_->takeDirection();
 }
 
-DropDownList& Win32Surface::addDropDownList(StringView name, DropDownListReports& reports) {
-  list_ = std::make_unique<Win32List>(*this, window_, reports);
+DropDownList& Win32Surface::addDropDownList(StringView name, DropDownListObserver& observer) {
+  list_ = std::make_unique<Win32List>(*this, window_, observer);
   listName_ = name;
   return *list_;
 }
@@ -201,11 +201,11 @@ void Win32Surface::focusGoes(HWND next) {
 }
 
 void Win32Surface::surfaceLostFocus() noexcept {
-  if (reports_) reports_->lostFocus();
+  if (observer_) observer_->lostFocus();
 }
 
 void Win32Surface::focusLeft() noexcept {
-  if (reports_) reports_->focusLeft();
+  if (observer_) observer_->focusLeft();
   owner_.focusLeft();
 }
 

@@ -43,7 +43,7 @@ class SurfaceOwner {
 /// has returned they are only put out of sight. So a host may take the control apart from inside
 /// any event. Where the host destroys the window that the surface stands on, the surface gets a new
 /// one out of sight, with the widgets as they were.
-class Win32Surface final : public ControlSurface, public BusyCount, private FocusReports {
+class Win32Surface final : public ControlSurface, public BusyCount, private FocusObserver {
  public:
   /// `owner` must outlive the surface.
   explicit Win32Surface(SurfaceOwner& owner);
@@ -76,9 +76,9 @@ class Win32Surface final : public ControlSurface, public BusyCount, private Focu
   void setRightToLeft(bool rightToLeft);
 
   // ControlSurface
-  void observe(SurfaceReports* surface, TextBoxReports* textBox) override;
+  void setObservers(SurfaceObserver* surface, TextBoxObserver* textBox) override;
   Win32TextBox& textBox() override { return textBox_; }
-  DropDownList& addDropDownList(StringView name, DropDownListReports& reports) override;
+  DropDownList& addDropDownList(StringView name, DropDownListObserver& observer) override;
   void removeChild(StringView name) override;
   float width() const override { return static_cast<float>(size().cx); }
   void setEnabled(Boolean enabled) override;
@@ -136,7 +136,7 @@ class Win32Surface final : public ControlSurface, public BusyCount, private Focu
   void eraseBackground(HDC target);
   void refreshFont();
 
-  // FocusReports
+  // FocusObserver
   void textBoxGotFocus() noexcept override { textBox_.gotFocus(); }
   void textBoxLostFocus() noexcept override { textBox_.lostFocus(); }
   void surfaceLostFocus() noexcept override;
@@ -145,7 +145,7 @@ class Win32Surface final : public ControlSurface, public BusyCount, private Focu
   SurfaceOwner& owner_;
   std::shared_ptr<ThreadForm> form_;
   HWND window_ = nullptr;
-  SurfaceReports* reports_ = nullptr;
+  SurfaceObserver* observer_ = nullptr;
   int dpi_ = USER_DEFAULT_SCREEN_DPI;
   std::optional<LOGFONTW> baseFont_;
   LOGFONTW fontDescription_{};

@@ -68,9 +68,9 @@ void Win32TextBox::renew(HWND parent, bool rightToLeft) {
   setWidth(wide);
   // Only now, since an edit window that is too narrow for its text scrolls it. The text is no
   // change, so nobody is told of it.
-  TextBoxReports* const reports = std::exchange(reports_, nullptr);
+  TextBoxObserver* const observer = std::exchange(observer_, nullptr);
   SetWindowTextW(edit, content.c_str());
-  reports_ = reports;
+  observer_ = observer;
   SendMessageW(edit, EM_SETSEL, selection.start, static_cast<LPARAM>(selection.end));
   toolTip_ = nullptr;
   if (!toolTipText_.empty()) setToolTipText(String{toolTipText_});
@@ -78,10 +78,10 @@ void Win32TextBox::renew(HWND parent, bool rightToLeft) {
   surface_.retireWindow(before);
 }
 
-void Win32TextBox::report(const std::function<void(TextBoxReports&)>& report) {
-  if (!reports_) return;
+void Win32TextBox::report(const std::function<void(TextBoxObserver&)>& report) {
+  if (!observer_) return;
   const FocusTracker::Hold handler{surface_.focusTracker()};
-  report(*reports_);
+  report(*observer_);
 }
 
 void Win32TextBox::takeFont() {
@@ -108,13 +108,13 @@ HBRUSH Win32TextBox::prepareDrawing(HDC target) {
 }
 
 void Win32TextBox::textChanged() {
-  report([](TextBoxReports& observer) { observer.changed(); });
+  report([](TextBoxObserver& observer) { observer.changed(); });
 }
 void Win32TextBox::gotFocus() {
-  if (reports_) reports_->gotFocus();
+  if (observer_) observer_->gotFocus();
 }
 void Win32TextBox::lostFocus() {
-  if (reports_) reports_->lostFocus();
+  if (observer_) observer_->lostFocus();
 }
 
 String Win32TextBox::text() const {

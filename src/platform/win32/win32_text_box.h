@@ -16,7 +16,7 @@ class Win32TextBox final : public TextBox, private Subclass {
   explicit Win32TextBox(Win32Surface& surface);
 
   void create(HWND parent);
-  void observe(TextBoxReports* reports) { reports_ = reports; }
+  void setObserver(TextBoxObserver* observer) { observer_ = observer; }
   /// Takes on the font that the surface has now, and the height that goes with it.
   void takeFont();
   /// Makes the edit window anew on `parent`, with all that the present one has: an edit window
@@ -67,10 +67,10 @@ class Win32TextBox final : public TextBox, private Subclass {
   static HWND makeWindow(HWND parent, bool rightToLeft);
   RECT place() const;
 
-  void report(const std::function<void(TextBoxReports&)>& report);
+  void report(const std::function<void(TextBoxObserver&)>& report);
 
   Win32Surface& surface_;
-  TextBoxReports* reports_ = nullptr;
+  TextBoxObserver* observer_ = nullptr;
   Font font_;
   Brush background_;
   std::int32_t foreColor_ = systemColor(COLOR_WINDOWTEXT);

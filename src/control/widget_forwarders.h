@@ -8,9 +8,9 @@ class keyscoutControl;
 
 // Each passes the reports of one widget on to the control's handler for it.
 
-class SurfaceObserver final : public SurfaceReports {
+class SurfaceForwarder final : public SurfaceObserver {
  public:
-  explicit SurfaceObserver(keyscoutControl& control) : control_(control) {}
+  explicit SurfaceForwarder(keyscoutControl& control) : control_(control) {}
 
   void resized() override;
   void lostFocus() override;
@@ -20,9 +20,9 @@ class SurfaceObserver final : public SurfaceReports {
   keyscoutControl& control_;
 };
 
-class TextBoxObserver final : public TextBoxReports {
+class TextBoxForwarder final : public TextBoxObserver {
  public:
-  explicit TextBoxObserver(keyscoutControl& control) : control_(control) {}
+  explicit TextBoxForwarder(keyscoutControl& control) : control_(control) {}
 
   void changed() override;
   void keyDown(std::int16_t& keyCode, std::int16_t& shift) override;
@@ -40,9 +40,9 @@ class TextBoxObserver final : public TextBoxReports {
   keyscoutControl& control_;
 };
 
-class DropDownListObserver final : public DropDownListReports {
+class DropDownListForwarder final : public DropDownListObserver {
  public:
-  explicit DropDownListObserver(keyscoutControl& control) : control_(control) {}
+  explicit DropDownListForwarder(keyscoutControl& control) : control_(control) {}
 
   void keyDown(std::int16_t& keyCode, std::int16_t& shift) override;
   void keyUp(std::int16_t& keyCode, std::int16_t& shift) override;
