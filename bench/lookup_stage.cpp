@@ -2,9 +2,9 @@
 
 #include <stdexcept>
 
+#include "base/utf8.h"
 #include "platform/local/trace_services.h"
 #include "platform/thread_slot.h"
-#include "base/utf8.h"
 
 namespace keyscout::bench {
 

@@ -3,15 +3,15 @@
 
 #include <iostream>
 
+#include "base/utf8.h"
 #include "control/keyscout_control.h"
 #include "controller/keyscout_controller.h"
 #include "platform/local/local_library.h"
+#include "platform/local/portable_text_rules.h"
+#include "platform/local/system_clock.h"
 #include "platform/local/trace_services.h"
 #include "platform/memory/memory_form.h"
-#include "platform/local/portable_text_rules.h"
 #include "platform/posix/posix_files.h"
-#include "platform/local/system_clock.h"
-#include "base/utf8.h"
 
 namespace {
 

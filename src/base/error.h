@@ -34,10 +34,8 @@ class Error : public std::exception {
   std::int32_t number() const { return number_; }
   /// True when the number is this one of an enumeration's.
   template <class Enum>
-    requires std::is_enum_v<Enum>
-  bool hasNumber(Enum number) const {
-    return number_ == static_cast<std::int32_t>(number);
-  }
+  requires std::is_enum_v<Enum>
+  bool hasNumber(Enum number) const { return number_ == static_cast<std::int32_t>(number); }
   const String& source() const { return source_; }
   const String& description() const { return description_; }
 

@@ -1,14 +1,11 @@
 #include "base/utf8.h"
 
-#include <cstdint>
+#include "base/surrogates.h"
 
 namespace keyscout {
 namespace {
 
-bool isHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit < 0xDC00; }
-bool isLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit < 0xE000; }
-
-void append(std::string& out, std::uint32_t point) {
+void append(std::string& out, char32_t point) {
   const auto tail = [&](int shift) { out += static_cast<char>(0x80 | ((point >> shift) & 0x3F)); };
   if (point < 0x80) {
     out += static_cast<char>(point);
@@ -29,7 +26,7 @@ void append(std::string& out, std::uint32_t point) {
 
 /// The code point at the start of `bytes` and its length; length 0 where there is none.
 struct Decoded {
-  std::uint32_t point = 0;
+  char32_t point = 0;
   std::size_t length = 0;
 };
 
@@ -38,7 +35,7 @@ Decoded decodeFirst(std::string_view bytes) {
   if (lead < 0x80) return {lead, 1};
   const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
   if (lead < 0xC2 || lead > 0xF4 || bytes.size() < length) return {};
-  std::uint32_t point = lead & (0xFFU >> (length + 1));
+  char32_t point = lead & (0xFFU >> (length + 1));
   for (std::size_t i = 1; i < length; ++i) {
     const auto byte = static_cast<unsigned char>(bytes[i]);
     if ((byte & 0xC0) != 0x80) return {};
@@ -55,11 +52,13 @@ std::string toUtf8(StringView text) {
   std::string out;
   out.reserve(text.size());
   for (std::size_t i = 0; i < text.size(); ++i) {
-    std::uint32_t point = text[i];
-    if (isHighSurrogate(text[i]) && i + 1 < text.size() && isLowSurrogate(text[i + 1]))
-      point = 0x10000 + ((point - 0xD800) << 10) + (text[++i] - 0xDC00U);
-    else if (isHighSurrogate(text[i]) || isLowSurrogate(text[i]))
+    char32_t point = text[i];
+    if (isHighSurrogate(text[i]) && i + 1 < text.size() && isLowSurrogate(text[i + 1])) {
+      point = pointOfPair(text[i], text[i + 1]);
+      ++i;
+    } else if (isHighSurrogate(text[i]) || isLowSurrogate(text[i])) {
       point = 0xFFFD;
+    }
     append(out, point);
   }
   return out;
@@ -78,8 +77,8 @@ String fromUtf8(std::string_view bytes) {
     if (decoded.point < 0x10000) {
       out += static_cast<char16_t>(decoded.point);
     } else {
-      out += static_cast<char16_t>(0xD800 + ((decoded.point - 0x10000) >> 10));
-      out += static_cast<char16_t>(0xDC00 + ((decoded.point - 0x10000) & 0x3FF));
+      out += highSurrogate(decoded.point);
+      out += lowSurrogate(decoded.point);
     }
     bytes.remove_prefix(decoded.length);
   }

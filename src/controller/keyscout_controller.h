@@ -4,9 +4,9 @@
 #include <memory>
 
 #include "base/boolean.h"
+#include "base/text.h"
 #include "platform/brand_list.h"
 #include "platform/platform.h"
-#include "base/text.h"
 #include "shared/keyscout_module.h"
 #include "shared/tracer.h"
 

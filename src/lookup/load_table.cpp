@@ -1,3 +1,4 @@
+#include "base/numbers.h"
 #include "lookup/key_order.h"
 #include "lookup/lookup_engine.h"
 #include "lookup/procedures.h"

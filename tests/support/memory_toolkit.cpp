@@ -3,6 +3,8 @@
 
 namespace keyscout::test {
 
-std::unique_ptr<PlayableForm> makeForm(CallHook* hook) { return std::make_unique<MemoryForm>(hook); }
+std::unique_ptr<PlayableForm> makeForm(CallHook* hook) {
+  return std::make_unique<MemoryForm>(hook);
+}
 
 }  // namespace keyscout::test

@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "platform/thread_slot.h"
 #include "base/utf8.h"
+#include "platform/thread_slot.h"
 
 namespace keyscout::test {
 namespace {

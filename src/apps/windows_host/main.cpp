@@ -1,5 +1,6 @@
 // keyscout_host [--right-to-left] [DIRECTORY]: a form with two lookup controls on the catalog data
-// in DIRECTORY, or in the folder "sample" beside the program's own. keyscout.dll must be registered.
+// in DIRECTORY, or in the folder "sample" beside the program's own. keyscout.dll must be
+// registered.
 
 #include <windows.h>
 

@@ -1,6 +1,7 @@
 #include "apps/cli/check/index_check.h"
 
 #include "base/error.h"
+#include "base/numbers.h"
 #include "base/utf8.h"
 #include "shared/index_line.h"
 #include "shared/keyscout_module.h"

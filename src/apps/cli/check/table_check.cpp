@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/error.h"
+#include "base/numbers.h"
 
 namespace keyscout {
 namespace {

@@ -8,10 +8,10 @@
 #include "apps/cli/host/failure_trace.h"
 #include "controller/keyscout_controller.h"
 #include "platform/local/local_library.h"
-#include "platform/memory/memory_form.h"
-#include "platform/platform.h"
 #include "platform/local/portable_text_rules.h"
 #include "platform/local/system_clock.h"
+#include "platform/memory/memory_form.h"
+#include "platform/platform.h"
 
 namespace keyscout {
 

@@ -3,8 +3,8 @@
 #include <string>
 #include <utility>
 
-#include "platform/trace_service.h"
 #include "base/utf8.h"
+#include "platform/trace_service.h"
 
 namespace keyscout {
 

@@ -4,9 +4,9 @@
 
 #include "apps/cli/host/catalog_host.h"
 #include "apps/cli/path_text.h"
+#include "base/utf8.h"
 #include "control/keyscout_control.h"
 #include "platform/local/local_brand_list.h"
-#include "base/utf8.h"
 
 namespace keyscout {
 namespace {

@@ -4,10 +4,11 @@
 #include <system_error>
 
 #include "apps/cli/path_text.h"
-#include "lookup/catalog_line.h"
 #include "base/code_page.h"
 #include "base/error.h"
+#include "base/numbers.h"
 #include "base/utf8.h"
+#include "lookup/catalog_line.h"
 #include "shared/download_format.h"
 
 namespace keyscout {

@@ -6,8 +6,8 @@
 
 #include "apps/cli/play/malformed.h"
 #include "base/error.h"
-#include "platform/local/local_brand_list.h"
 #include "base/utf8.h"
+#include "platform/local/local_brand_list.h"
 
 namespace keyscout {
 namespace {

@@ -6,9 +6,9 @@
 #include <string>
 
 #include "base/boolean.h"
-#include "platform/brand_list.h"
 #include "base/text.h"
 #include "base/variant.h"
+#include "platform/brand_list.h"
 
 namespace keyscout {
 

@@ -10,9 +10,9 @@
 #include "apps/cli/play/scripted_control.h"
 #include "apps/cli/play/widgets.h"
 #include "controller/keyscout_controller.h"
-#include "platform/local/local_library.h"
 #include "platform/decorators/hooked_files.h"
 #include "platform/decorators/hooked_trace.h"
+#include "platform/local/local_library.h"
 #include "platform/local/portable_text_rules.h"
 #include "platform/local/system_clock.h"
 

@@ -5,6 +5,7 @@
 
 #include "apps/cli/try/curses.h"
 #include "base/letter_case.h"
+#include "base/surrogates.h"
 #include "platform/widgets.h"
 
 namespace keyscout {
@@ -126,8 +127,8 @@ constexpr PunctuationKey punctuation[] = {
 Input keyOf(char32_t character) {
   if (character > 0xFFFF) {
     Input input = keyInput(packetKey);
-    input.character = static_cast<char16_t>(0xD800 + ((character - 0x10000) >> 10));
-    input.secondUnit = static_cast<char16_t>(0xDC00 + ((character - 0x10000) & 0x3FF));
+    input.character = highSurrogate(character);
+    input.secondUnit = lowSurrogate(character);
     return input;
   }
   const auto unit = static_cast<char16_t>(character);

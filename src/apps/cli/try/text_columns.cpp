@@ -2,6 +2,8 @@
 
 #include <cwchar>
 
+#include "base/surrogates.h"
+
 namespace keyscout {
 namespace {
 
@@ -12,9 +14,6 @@ int widthOf(wchar_t character) {
   return width < 0 ? 1 : width;
 }
 
-bool isHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit < 0xDC00; }
-bool isLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit < 0xE000; }
-
 }  // namespace
 
 std::wstring toWide(StringView text) {
@@ -22,7 +21,7 @@ std::wstring toWide(StringView text) {
   for (std::size_t i = 0; i < text.size(); ++i) {
     auto point = static_cast<wchar_t>(text[i]);
     if (isHighSurrogate(text[i]) && i + 1 < text.size() && isLowSurrogate(text[i + 1])) {
-      point = 0x10000 + ((text[i] - 0xD800) << 10) + (text[i + 1] - 0xDC00);
+      point = static_cast<wchar_t>(pointOfPair(text[i], text[i + 1]));
       ++i;
     }
     wide += ::wcwidth(point) < 0 ? replacement : point;

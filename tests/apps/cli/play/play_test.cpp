@@ -2,8 +2,8 @@
 
 #include "apps/cli/native_files.h"
 #include "apps/cli/play/scripted_host.h"
-#include "platform/thread_slot.h"
 #include "base/utf8.h"
+#include "platform/thread_slot.h"
 #include "support/stage.h"
 
 namespace keyscout::test {

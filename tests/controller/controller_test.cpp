@@ -115,8 +115,7 @@ TEST_F(Controller, LoadsAtMost1001Tables) {
   }
   EXPECT_EQ(shared().getTableNumber(1000), u"0");
   for (const std::int16_t outside : {std::int16_t{-1}, std::int16_t{1001}})
-    EXPECT_EQ(errorOf([&] { shared().getLastCatalog(outside); }),
-              9);
+    EXPECT_EQ(errorOf([&] { shared().getLastCatalog(outside); }), 9);
 }
 
 TEST_F(Controller, KeepsWhatALoadGotBeforeItEnded) {

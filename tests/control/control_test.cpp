@@ -377,8 +377,7 @@ TEST_F(Control, TakesOnlyKeyedCollectionsForBrands) {
   } plain;
   const auto brands = std::make_shared<LocalBrandList>();
   control->control.setAuthorizedBrands(brands.get());
-  EXPECT_EQ(errorOf([&] { control->control.setAuthorizedBrands(&plain); }),
-            13);
+  EXPECT_EQ(errorOf([&] { control->control.setAuthorizedBrands(&plain); }), 13);
   EXPECT_EQ(stage.controller.authorizedBrands(), brands);
   control->control.setAuthorizedBrands(nullptr);
   EXPECT_EQ(stage.controller.authorizedBrands(), nullptr);

@@ -12,15 +12,16 @@
 #include <vector>
 
 #include "apps/cli/pack/output_file.h"
-#include "controller/keyscout_controller.h"
 #include "base/code_page.h"
-#include "platform/local/local_library.h"
-#include "platform/local/trace_services.h"
-#include "platform/local/portable_text_rules.h"
-#include "platform/posix/posix_files.h"
-#include "platform/local/system_clock.h"
-#include "platform/thread_slot.h"
+#include "base/numbers.h"
 #include "base/utf8.h"
+#include "controller/keyscout_controller.h"
+#include "platform/local/local_library.h"
+#include "platform/local/portable_text_rules.h"
+#include "platform/local/system_clock.h"
+#include "platform/local/trace_services.h"
+#include "platform/posix/posix_files.h"
+#include "platform/thread_slot.h"
 
 namespace keyscout {
 namespace {

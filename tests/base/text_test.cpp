@@ -9,10 +9,11 @@
 #include "base/error.h"
 #include "base/keyed_collection.h"
 #include "base/letter_case.h"
-#include "platform/local/portable_text_rules.h"
+#include "base/numbers.h"
 #include "base/text.h"
 #include "base/utf8.h"
 #include "base/variant.h"
+#include "platform/local/portable_text_rules.h"
 #include "support/stage.h"
 
 namespace keyscout::test {
@@ -67,7 +68,9 @@ TEST(Text, ComesThroughUtf8AndBack) {
   for (const StringView text :
        {StringView{u"plain"}, StringView{u"\u00E9\u20AC\uFFFD"}, StringView{u"\U0001F600"}})
     EXPECT_EQ(fromUtf8(toUtf8(text)), text);
-  EXPECT_EQ(toUtf8(u"a" + String{char16_t{0xD83D}} + u"b"), "a\xEF\xBF\xBD" "b");
+  EXPECT_EQ(toUtf8(u"a" + String{char16_t{0xD83D}} + u"b"),
+            "a\xEF\xBF\xBD"
+            "b");
   // What is no UTF-8 is replaced byte by byte and never read past.
   for (const std::string_view bytes :
        {"\xC3", "\xE2\x82", "\xC0\xAF", "\xF5\x80\x80\x80", "\xED\xA0"})
@@ -149,8 +152,7 @@ TEST(Variant, ConvertsToANumberOrMismatches) {
                         {String{u"nan"}, 0, false},
                         {String{u"12 monkeys"}, 0, false}};
   for (const Case& c : cases)
-    EXPECT_EQ(errorOf([&] { EXPECT_EQ(toInt32(c.value), c.expected); }),
-              c.converts ? 0 : 13);
+    EXPECT_EQ(errorOf([&] { EXPECT_EQ(toInt32(c.value), c.expected); }), c.converts ? 0 : 13);
 }
 
 }  // namespace

@@ -4,8 +4,8 @@
 #include <random>
 
 #include "apps/cli/native_files.h"
-#include "lookup/key_order.h"
 #include "base/utf8.h"
+#include "lookup/key_order.h"
 #include "support/stage.h"
 
 namespace keyscout::test {
@@ -130,8 +130,7 @@ TEST(NativeFiles, FailsWithTheNumberOfTheReason) {
   EXPECT_TRUE(files.exists(here + u"0.txt"));
   EXPECT_FALSE(files.exists(here + u"missing.txt"));
   EXPECT_FALSE(files.exists(folder.hostPath()));
-  EXPECT_EQ(errorOf([&] { files.lastModified(here + u"missing.txt"); }),
-            53);
+  EXPECT_EQ(errorOf([&] { files.lastModified(here + u"missing.txt"); }), 53);
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
-#include "base/text.h"
+#include "base/numbers.h"
 
-#include <cstdint>
 #include <limits>
+#include <string>
 
 #include "base/error.h"
 
