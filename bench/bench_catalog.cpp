@@ -8,7 +8,7 @@
 #include <random>
 #include <stdexcept>
 
-#include "apps/cli/pack/pack_catalog.h"
+#include "apps/cli/packing/pack_catalog.h"
 
 namespace keyscout::bench {
 namespace {

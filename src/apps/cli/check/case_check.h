@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "apps/cli/check/checked_directory.h"
-#include "apps/cli/check/temporary_folder.h"
-#include "apps/cli/pack/external_sorter.h"
-#include "apps/cli/pack/number_order.h"
+#include "apps/cli/files/temporary_folder.h"
+#include "apps/cli/sorting/external_sorter.h"
+#include "apps/cli/sorting/number_order.h"
 
 namespace keyscout {
 

@@ -8,7 +8,7 @@
 #include "apps/cli/check/case_check.h"
 #include "apps/cli/check/checked_directory.h"
 #include "apps/cli/check/index_check.h"
-#include "apps/cli/pack/number_order.h"
+#include "apps/cli/sorting/number_order.h"
 #include "lookup/catalog_line.h"
 
 namespace keyscout {

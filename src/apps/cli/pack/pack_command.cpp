@@ -6,7 +6,7 @@
 #include <string>
 
 #include "apps/cli/host/interruption.h"
-#include "apps/cli/pack/pack_catalog.h"
+#include "apps/cli/packing/pack_catalog.h"
 #include "apps/cli/path_text.h"
 #include "apps/cli/progress_bar.h"
 #include "apps/cli/terminal.h"

@@ -3,7 +3,7 @@
 #include <stdexcept>
 
 #include "apps/cli/host/interruption.h"
-#include "apps/cli/pack/pack_catalog.h"
+#include "apps/cli/packing/pack_catalog.h"
 #include "apps/cli/path_text.h"
 #include "apps/cli/try/dialog.h"
 #include "apps/cli/try/text_columns.h"

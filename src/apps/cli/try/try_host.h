@@ -4,7 +4,7 @@
 #include <memory>
 #include <optional>
 
-#include "apps/cli/check/temporary_folder.h"
+#include "apps/cli/files/temporary_folder.h"
 #include "apps/cli/host/catalog_host.h"
 #include "apps/cli/try/damaged_files.h"
 #include "apps/cli/try/form_view.h"

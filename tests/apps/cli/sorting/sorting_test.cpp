@@ -10,8 +10,8 @@
 #include <utility>
 #include <vector>
 
-#include "apps/cli/pack/external_sorter.h"
-#include "apps/cli/pack/number_order.h"
+#include "apps/cli/sorting/external_sorter.h"
+#include "apps/cli/sorting/number_order.h"
 #include "base/code_page.h"
 #include "base/letter_case.h"
 

@@ -1,8 +1,8 @@
-#include "apps/cli/pack/table_writer.h"
+#include "apps/cli/packing/table_writer.h"
 
 #include <utility>
 
-#include "apps/cli/pack/directory_files.h"
+#include "apps/cli/packing/directory_files.h"
 #include "shared/download_format.h"
 
 namespace keyscout {

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "apps/cli/pack/output_file.h"
+#include "apps/cli/files/output_file.h"
 
 namespace keyscout {
 

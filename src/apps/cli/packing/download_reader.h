@@ -4,8 +4,8 @@
 #include <filesystem>
 #include <string_view>
 
-#include "apps/cli/pack/input_file.h"
-#include "apps/cli/pack/pack_error.h"
+#include "apps/cli/files/input_file.h"
+#include "apps/cli/packing/pack_error.h"
 #include "base/text.h"
 
 namespace keyscout {

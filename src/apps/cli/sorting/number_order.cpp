@@ -1,4 +1,4 @@
-#include "apps/cli/pack/number_order.h"
+#include "apps/cli/sorting/number_order.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -6,7 +6,7 @@
 #include <span>
 #include <vector>
 
-#include "apps/cli/pack/sort_run.h"
+#include "apps/cli/sorting/sort_run.h"
 
 namespace keyscout {
 

@@ -1,4 +1,4 @@
-#include "apps/cli/pack/input_file.h"
+#include "apps/cli/files/input_file.h"
 
 #include <cerrno>
 #include <stdexcept>

@@ -1,4 +1,4 @@
-#include "apps/cli/pack/pack_catalog.h"
+#include "apps/cli/packing/pack_catalog.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "apps/cli/pack/output_file.h"
+#include "apps/cli/files/output_file.h"
 #include "base/code_page.h"
 #include "base/numbers.h"
 #include "base/utf8.h"

@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "apps/cli/pack/run_buffer.h"
-#include "apps/cli/pack/run_merger.h"
-#include "apps/cli/pack/sort_run.h"
+#include "apps/cli/sorting/run_buffer.h"
+#include "apps/cli/sorting/run_merger.h"
+#include "apps/cli/sorting/sort_run.h"
 
 namespace keyscout {
 

@@ -1,4 +1,4 @@
-#include "apps/cli/pack/download_reader.h"
+#include "apps/cli/packing/download_reader.h"
 
 #include <string>
 #include <system_error>

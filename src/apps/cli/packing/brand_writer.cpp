@@ -1,6 +1,6 @@
-#include "apps/cli/pack/brand_writer.h"
+#include "apps/cli/packing/brand_writer.h"
 
-#include "apps/cli/pack/directory_files.h"
+#include "apps/cli/packing/directory_files.h"
 
 namespace keyscout {
 

@@ -1,20 +1,20 @@
-#include "apps/cli/pack/pack_catalog.h"
+#include "apps/cli/packing/pack_catalog.h"
 
 #include <algorithm>
 #include <exception>
 #include <string>
 #include <system_error>
 
-#include "apps/cli/pack/brand_writer.h"
-#include "apps/cli/pack/control_file.h"
-#include "apps/cli/pack/directory_files.h"
-#include "apps/cli/pack/download_reader.h"
-#include "apps/cli/pack/duplicate_check.h"
-#include "apps/cli/pack/external_sorter.h"
-#include "apps/cli/pack/line_payload.h"
-#include "apps/cli/pack/number_order.h"
-#include "apps/cli/pack/staging_folder.h"
-#include "apps/cli/pack/table_writer.h"
+#include "apps/cli/packing/brand_writer.h"
+#include "apps/cli/packing/control_file.h"
+#include "apps/cli/packing/directory_files.h"
+#include "apps/cli/packing/download_reader.h"
+#include "apps/cli/packing/duplicate_check.h"
+#include "apps/cli/packing/line_payload.h"
+#include "apps/cli/packing/staging_folder.h"
+#include "apps/cli/packing/table_writer.h"
+#include "apps/cli/sorting/external_sorter.h"
+#include "apps/cli/sorting/number_order.h"
 #include "base/code_page.h"
 #include "shared/download_format.h"
 #include "shared/keyscout_module.h"

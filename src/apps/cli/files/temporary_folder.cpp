@@ -1,4 +1,4 @@
-#include "apps/cli/check/temporary_folder.h"
+#include "apps/cli/files/temporary_folder.h"
 
 #include <random>
 #include <system_error>

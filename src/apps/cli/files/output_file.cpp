@@ -1,4 +1,4 @@
-#include "apps/cli/pack/output_file.h"
+#include "apps/cli/files/output_file.h"
 
 #include <cerrno>
 #include <stdexcept>

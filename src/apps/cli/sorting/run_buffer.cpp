@@ -1,4 +1,4 @@
-#include "apps/cli/pack/run_buffer.h"
+#include "apps/cli/sorting/run_buffer.h"
 
 #include <algorithm>
 #include <string_view>

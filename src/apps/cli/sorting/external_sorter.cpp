@@ -1,4 +1,4 @@
-#include "apps/cli/pack/external_sorter.h"
+#include "apps/cli/sorting/external_sorter.h"
 
 #include <algorithm>
 #include <system_error>

@@ -7,7 +7,7 @@
 #include <optional>
 #include <string_view>
 
-#include "apps/cli/pack/pack_error.h"
+#include "apps/cli/packing/pack_error.h"
 
 namespace keyscout {
 

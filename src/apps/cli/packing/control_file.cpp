@@ -1,10 +1,10 @@
-#include "apps/cli/pack/control_file.h"
+#include "apps/cli/packing/control_file.h"
 
 #include <exception>
 #include <system_error>
 
-#include "apps/cli/pack/directory_files.h"
-#include "apps/cli/pack/output_file.h"
+#include "apps/cli/files/output_file.h"
+#include "apps/cli/packing/directory_files.h"
 
 namespace keyscout {
 

@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "apps/cli/pack/external_sorter.h"
-#include "apps/cli/pack/number_order.h"
+#include "apps/cli/sorting/external_sorter.h"
+#include "apps/cli/sorting/number_order.h"
 
 namespace keyscout {
 

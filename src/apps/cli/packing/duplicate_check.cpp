@@ -1,9 +1,9 @@
-#include "apps/cli/pack/duplicate_check.h"
+#include "apps/cli/packing/duplicate_check.h"
 
 #include <utility>
 
-#include "apps/cli/pack/line_payload.h"
-#include "apps/cli/pack/pack_error.h"
+#include "apps/cli/packing/line_payload.h"
+#include "apps/cli/packing/pack_error.h"
 #include "base/utf8.h"
 
 namespace keyscout {

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "apps/cli/pack/output_file.h"
-#include "apps/cli/pack/sort_run.h"
+#include "apps/cli/files/output_file.h"
+#include "apps/cli/sorting/sort_run.h"
 
 namespace keyscout {
 

@@ -1,4 +1,4 @@
-#include "apps/cli/pack/sort_run.h"
+#include "apps/cli/sorting/sort_run.h"
 
 #include <cstdint>
 #include <cstring>

@@ -1,9 +1,9 @@
-#include "apps/cli/pack/staging_folder.h"
+#include "apps/cli/packing/staging_folder.h"
 
 #include <system_error>
 #include <vector>
 
-#include "apps/cli/pack/directory_files.h"
+#include "apps/cli/packing/directory_files.h"
 
 namespace keyscout {
 

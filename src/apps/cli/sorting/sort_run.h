@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "apps/cli/pack/output_file.h"
+#include "apps/cli/files/output_file.h"
 
 namespace keyscout {
 

@@ -1,8 +1,8 @@
-#include "apps/cli/pack/directory_files.h"
+#include "apps/cli/packing/directory_files.h"
 
 #include <algorithm>
 
-#include "apps/cli/pack/pack_error.h"
+#include "apps/cli/packing/pack_error.h"
 #include "apps/cli/path_text.h"
 #include "base/letter_case.h"
 #include "base/utf8.h"

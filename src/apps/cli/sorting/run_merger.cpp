@@ -1,4 +1,4 @@
-#include "apps/cli/pack/run_merger.h"
+#include "apps/cli/sorting/run_merger.h"
 
 #include <algorithm>
 

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <unordered_set>
 
-#include "apps/cli/pack/number_order.h"
-#include "apps/cli/pack/output_file.h"
+#include "apps/cli/files/output_file.h"
+#include "apps/cli/sorting/number_order.h"
 
 namespace keyscout {
 
