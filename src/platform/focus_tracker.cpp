@@ -6,14 +6,24 @@ namespace keyscout {
 
 void FocusTracker::release() noexcept {
   // Delivered while still held, so that moves made by these handlers queue up behind.
-  if (depth_ == 1) {
-    while (!waiting_.empty()) {
-      const Report report = waiting_.front();
-      waiting_.pop_front();
-      (report.control->*report.deliver)();
-    }
+  if (depth_ == 1) deliver();
+  if (depth_ > 0) --depth_;
+}
+
+void FocusTracker::inputArrives() noexcept {
+  if (depth_ == 0) return;
+  depth_ = 1;
+  deliver();
+  // The handlers that run end after all that begins from now on, and find nothing left to release.
+  depth_ = 0;
+}
+
+void FocusTracker::deliver() noexcept {
+  while (!waiting_.empty()) {
+    const Report report = waiting_.front();
+    waiting_.pop_front();
+    (report.control->*report.deliver)();
   }
-  --depth_;
 }
 
 void FocusTracker::moveTo(FocusObserver& control, FocusPlace place) { change({&control, place}); }

@@ -22,6 +22,10 @@ class FocusObserver {
 /// reports for every toolkit: a move takes effect at once; its reports wait until the outermost
 /// handler, or call of the host, has returned and then come in the order of the moves, a loss
 /// before the gain. Moves that cancel out are reported all the same.
+///
+/// Input that comes while a handler runs means that somebody runs a message loop inside it, as a
+/// host with a modal form in an event does. The person before that loop sees the focus where it
+/// is, so what waits is delivered then, and nothing waits for that handler any more.
 class FocusTracker {
  public:
   struct Focus {
@@ -45,6 +49,10 @@ class FocusTracker {
 
   void hold() { ++depth_; }
   void release() noexcept;
+
+  /// To be called before each report of a key, a character or the mouse, and before a change that
+  /// the person makes to a text.
+  void inputArrives() noexcept;
 
   /// No control in particular has the focus: `{}`. Giving it to what has it reports nothing.
   Focus focus() const { return focus_; }
@@ -70,10 +78,11 @@ class FocusTracker {
   };
 
   void change(Focus next);
+  void deliver() noexcept;
 
   Focus focus_;
   std::deque<Report> waiting_;
-  int depth_ = 0;
+  int depth_ = 0;  // of the handlers that reports wait for
 };
 
 }  // namespace keyscout

@@ -13,7 +13,9 @@ namespace keyscout {
 // entry selected, drop-down closed) is reported at once, inside the operation that made it; a
 // change of focus takes effect at once and is reported after the outermost handler has returned;
 // key down, character and key up of one key come in that order, each to the widget that has the
-// focus at that moment. Lengths and positions are in the toolkit's own units.
+// focus at that moment. Input that comes while a handler runs, since somebody runs a message loop
+// inside it, finds all changes of focus before it reported. Lengths and positions are in the
+// toolkit's own units.
 
 /// Shift keys in the modifier mask of a key or mouse report, added together.
 namespace Modifier {

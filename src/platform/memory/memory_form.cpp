@@ -36,6 +36,7 @@ void MemoryForm::keyDown(std::int16_t keyCode, std::int16_t shift) {
 }
 
 void MemoryForm::keyDown(std::int16_t keyCode, std::int16_t shift, char16_t character) {
+  tracker_.inputArrives();
   MemorySurface* const surface = focused();
   if (!surface || !surface->keyDown(tracker_.focus().place, keyCode, shift)) return;
   // A handler may have moved the focus: the character goes to what has it now.
@@ -45,11 +46,13 @@ void MemoryForm::keyDown(std::int16_t keyCode, std::int16_t shift, char16_t char
 }
 
 void MemoryForm::keyUp(std::int16_t keyCode, std::int16_t shift) {
+  tracker_.inputArrives();
   if (MemorySurface* const surface = focused())
     surface->keyUp(tracker_.focus().place, keyCode, shift);
 }
 
 void MemoryForm::paste(StringView text) {
+  tracker_.inputArrives();
   if (MemorySurface* const surface = focused()) surface->textBox().paste(text);
 }
 

@@ -47,6 +47,7 @@ void MemorySurface::resize(float width) {
 }
 
 void MemorySurface::click(std::int16_t entry) {
+  form_.focusTracker().inputArrives();
   form_.focusTracker().moveTo(*this, FocusPlace::list);
   // The reports of that move may have removed the list.
   if (const auto list = list_) list->choose(entry);
@@ -54,6 +55,7 @@ void MemorySurface::click(std::int16_t entry) {
 
 void MemorySurface::mouse(MouseReport report, std::int16_t button, std::int16_t shift, float x,
                           float y) {
+  form_.focusTracker().inputArrives();
   textBox_.mouse(report, button, shift, x, y);
 }
 
