@@ -4,6 +4,8 @@
 
 #include <bit>
 
+#include "platform/win32/gdi.h"
+
 namespace keyscout {
 namespace {
 
@@ -16,10 +18,8 @@ Function* userFunction(const char* name) {
 }
 
 int dpiOfScreen() {
-  const HDC screen = GetDC(nullptr);
-  const int dpi = GetDeviceCaps(screen, LOGPIXELSY);
-  ReleaseDC(nullptr, screen);
-  return dpi;
+  const WindowContext screen;
+  return GetDeviceCaps(screen, LOGPIXELSY);
 }
 
 }  // namespace
@@ -41,16 +41,6 @@ LOGFONTW messageFont(int dpi) {
   SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
   metrics.lfMessageFont.lfHeight = MulDiv(metrics.lfMessageFont.lfHeight, dpi, dpiOfScreen());
   return metrics.lfMessageFont;
-}
-
-int lineHeight(HFONT font) {
-  const HDC screen = GetDC(nullptr);
-  const HGDIOBJ before = SelectObject(screen, font);
-  TEXTMETRICW metrics{};
-  GetTextMetricsW(screen, &metrics);
-  SelectObject(screen, before);
-  ReleaseDC(nullptr, screen);
-  return metrics.tmHeight;
 }
 
 COLORREF colorOf(LONG oleColor, COLORREF otherwise) {

@@ -2,18 +2,7 @@
 
 #include <windows.h>
 
-#include <memory>
-#include <type_traits>
-
 namespace keyscout {
-
-struct GdiDeleter {
-  void operator()(HGDIOBJ object) const { DeleteObject(object); }
-};
-template <class Handle>
-using GdiObject = std::unique_ptr<std::remove_pointer_t<Handle>, GdiDeleter>;
-using Font = GdiObject<HFONT>;
-using Brush = GdiObject<HBRUSH>;
 
 /// Dots per inch of the screen that `window` is on, as far as its process looks at that.
 int dpiOf(HWND window);
@@ -23,9 +12,6 @@ inline int scaled(int pixels, int dpi) { return MulDiv(pixels, dpi, USER_DEFAULT
 
 /// The font in which Windows writes messages, at `dpi`.
 LOGFONTW messageFont(int dpi);
-
-/// The height of a line of text in `font`, in pixels.
-int lineHeight(HFONT font);
 
 /// An OLE colour, one of the system's or a mixture of red, green and blue, for drawing. What is no
 /// colour gives `otherwise`.

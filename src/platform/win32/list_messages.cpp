@@ -2,11 +2,11 @@
 
 #include <windowsx.h>
 
-#include <bit>
 #include <utility>
 
 #include "platform/win32/input.h"
-#include "platform/win32/win32_surface.h"
+#include "platform/win32/parameters.h"
+#include "platform/win32/win32_list.h"
 
 namespace keyscout {
 
@@ -22,10 +22,10 @@ void Win32List::onNotification(WORD code) {
       if (isClick) report([](DropDownListObserver& to) { to.clicked(); });
       break;
     }
-    case CBN_DROPDOWN: surface_.wantedKeysChanged(); break;
+    case CBN_DROPDOWN: site_.listOpenedOrClosed(); break;
     case CBN_CLOSEUP:
-      surface_.wantedKeysChanged();
-      if (closingByCode_ == 0 && !choosing_) surface_.listClosedByUser();
+      site_.listOpenedOrClosed();
+      if (closingByCode_ == 0 && !choosing_) site_.listClosedByUser();
       break;
     case CBN_EDITCHANGE: report([](DropDownListObserver& to) { to.editChanged(); }); break;
     default: break;
@@ -54,19 +54,19 @@ LRESULT Win32List::onEditMessage(Part& part, UINT message, WPARAM wParam, LPARAM
       report([&](DropDownListObserver& to) { to.keyUp(keyCode, shift); });
       break;
     }
-    case WM_GETDLGCODE: return surface_.dialogCode(lParam);
+    case WM_GETDLGCODE: return site_.dialogCode(lParam);
     case WM_MOUSEWHEEL:
       // A closed list must not move its selection unseen.
-      surface_.scrollList(wParam, lParam);
+      site_.scrollList(wParam, lParam);
       return 0;
     case WM_SETFOCUS: {
       const LRESULT result = part.original(message, wParam, lParam);
-      surface_.focusCame(FocusPlace::list);
+      site_.focusCame(FocusPlace::list);
       return result;
     }
     case WM_KILLFOCUS: {
       const LRESULT result = part.original(message, wParam, lParam);
-      surface_.focusGoes(std::bit_cast<HWND>(wParam));
+      site_.focusGoes(pointerIn<HWND>(wParam));
       return result;
     }
     default: break;

@@ -1,6 +1,5 @@
 #include "platform/win32/subclass.h"
-
-#include <bit>
+#include "platform/win32/parameters.h"
 
 namespace keyscout {
 namespace {
@@ -12,13 +11,12 @@ constexpr wchar_t propertyName[] = L"Keyscout.Subclass";
 void Subclass::attach(HWND window) {
   window_ = window;
   SetPropW(window, propertyName, this);
-  const LONG_PTR before =
-      SetWindowLongPtrW(window, GWLP_WNDPROC, std::bit_cast<LONG_PTR>(&procedure));
-  original_ = std::bit_cast<WNDPROC>(before);
+  const LONG_PTR before = SetWindowLongPtrW(window, GWLP_WNDPROC, asParameter(&procedure));
+  original_ = pointerIn<WNDPROC>(before);
 }
 
 void Subclass::detach() {
-  SetWindowLongPtrW(window_, GWLP_WNDPROC, std::bit_cast<LONG_PTR>(original_));
+  SetWindowLongPtrW(window_, GWLP_WNDPROC, asParameter(original_));
   RemovePropW(window_, propertyName);
   window_ = nullptr;
 }

@@ -1,8 +1,7 @@
 // The window of a surface: what it answers to messages.
 
-#include <bit>
-
 #include "platform/win32/instance.h"
+#include "platform/win32/parameters.h"
 #include "platform/win32/win32_surface.h"
 
 namespace keyscout {
@@ -38,17 +37,17 @@ void Win32Surface::unregisterClass() noexcept {
 }
 
 bool Win32Surface::isSurface(HWND window) {
-  return window && std::bit_cast<WNDPROC>(GetWindowLongPtrW(window, GWLP_WNDPROC)) == &procedure;
+  return window && pointerIn<WNDPROC>(GetWindowLongPtrW(window, GWLP_WNDPROC)) == &procedure;
 }
 
 LRESULT CALLBACK Win32Surface::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_NCCREATE) {
-    const auto* const creation = std::bit_cast<const CREATESTRUCTW*>(lParam);
+    const auto* const creation = pointerIn<const CREATESTRUCTW*>(lParam);
     auto* const self = static_cast<Win32Surface*>(creation->lpCreateParams);
     self->window_ = window;
-    SetWindowLongPtrW(window, GWLP_USERDATA, std::bit_cast<LONG_PTR>(self));
+    SetWindowLongPtrW(window, GWLP_USERDATA, asParameter(self));
   }
-  auto* const self = std::bit_cast<Win32Surface*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  auto* const self = pointerIn<Win32Surface*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (!self) return DefWindowProcW(window, message, wParam, lParam);
   const Busy busy{*self};
   try {
@@ -61,7 +60,7 @@ LRESULT CALLBACK Win32Surface::procedure(HWND window, UINT message, WPARAM wPara
 LRESULT Win32Surface::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   const HWND window = window_;
   switch (message) {
-    case WM_COMMAND: onCommand(std::bit_cast<HWND>(lParam), HIWORD(wParam)); return 0;
+    case WM_COMMAND: onCommand(pointerIn<HWND>(lParam), HIWORD(wParam)); return 0;
     case WM_SIZE:
       if (observer_) {
         const FocusTracker::Hold handler{focusTracker()};
@@ -73,24 +72,24 @@ LRESULT Win32Surface::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       focusCame(FocusPlace::surface);
       if (const HWND edit = textBox_.window(); edit && IsWindowEnabled(edit)) SetFocus(edit);
       return 0;
-    case WM_KILLFOCUS: focusGoes(std::bit_cast<HWND>(wParam)); return 0;
+    case WM_KILLFOCUS: focusGoes(pointerIn<HWND>(wParam)); return 0;
     case WM_LBUTTONDOWN: takeFocus(); return 0;
     case WM_CTLCOLOREDIT:
     case WM_CTLCOLORSTATIC:
-      if (std::bit_cast<HWND>(lParam) != textBox_.window()) break;
-      return std::bit_cast<LRESULT>(textBox_.prepareDrawing(std::bit_cast<HDC>(wParam)));
+      if (pointerIn<HWND>(lParam) != textBox_.window()) break;
+      return asParameter(textBox_.prepareDrawing(pointerIn<HDC>(wParam)));
     case WM_DRAWITEM: {
-      const auto& item = *std::bit_cast<const DRAWITEMSTRUCT*>(lParam);
+      const auto& item = *pointerIn<const DRAWITEMSTRUCT*>(lParam);
       if (list_ && item.hwndItem == list_->window()) list_->drawEntry(item);
       return TRUE;
     }
-    case WM_ERASEBKGND: eraseBackground(std::bit_cast<HDC>(wParam)); return 1;
+    case WM_ERASEBKGND: eraseBackground(pointerIn<HDC>(wParam)); return 1;
     case WM_SYSCOLORCHANGE:
       textBox_.forgetColors();
       InvalidateRect(window, nullptr, TRUE);
       break;
     case WM_SETTINGCHANGE:
-    case WM_DPICHANGED_AFTERPARENT: refreshFont(); break;
+    case WM_DPICHANGED_AFTERPARENT: updateLook(); break;
     case WM_DESTROY: onDestroy(); return 0;
     case WM_NCDESTROY:
       SetWindowLongPtrW(window, GWLP_USERDATA, 0);
@@ -121,10 +120,10 @@ void Win32Surface::onDestroy() {
 void Win32Surface::restore() noexcept try {
   createWindow();
   if (!window_) return;
-  textBox_.renew(window_, rightToLeft_);
-  if (list_) list_->renew(window_);
+  textBox_.recreate(window_);
+  if (list_) list_->recreate(window_);
   textBox_.bringToFront();
-  moveTo({0, 0, static_cast<LONG>(textBox_.width()), textHeight()});
+  moveTo({0, 0, static_cast<LONG>(textBox_.width()), look_.boxHeight()});
 } catch (...) {  // NOLINT(bugprone-empty-catch): out of memory; the old windows still have it all
 }
 

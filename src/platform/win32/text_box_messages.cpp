@@ -1,11 +1,11 @@
 // The window of a text box: what it answers to messages.
 
-#include <bit>
 #include <optional>
 #include <utility>
 
 #include "platform/win32/input.h"
-#include "platform/win32/win32_surface.h"
+#include "platform/win32/parameters.h"
+#include "platform/win32/win32_text_box.h"
 
 namespace keyscout {
 
@@ -18,18 +18,18 @@ LRESULT Win32TextBox::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_DEADCHAR: return onCharacter(message, wParam, lParam);
     case WM_KEYUP:
     case WM_SYSKEYUP: return onKeyUp(message, wParam, lParam);
-    case WM_GETDLGCODE: return surface_.dialogCode(lParam);
+    case WM_GETDLGCODE: return site_.dialogCode(lParam);
     case WM_MOUSEWHEEL:
-      if (surface_.scrollList(wParam, lParam)) return 0;
+      if (site_.scrollList(wParam, lParam)) return 0;
       break;
     case WM_SETFOCUS: {
       const LRESULT result = original(message, wParam, lParam);
-      surface_.focusCame(FocusPlace::textBox);
+      site_.focusCame(FocusPlace::textBox);
       return result;
     }
     case WM_KILLFOCUS: {
       const LRESULT result = original(message, wParam, lParam);
-      surface_.focusGoes(std::bit_cast<HWND>(wParam));
+      site_.focusGoes(pointerIn<HWND>(wParam));
       return result;
     }
     default: break;

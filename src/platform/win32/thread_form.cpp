@@ -1,34 +1,28 @@
 #include "platform/win32/thread_form.h"
 
-#include <windows.h>
-
 namespace keyscout {
 namespace {
 
 // Only a pointer: a destructor would keep a library loaded for as long as the thread lives.
-thread_local std::weak_ptr<ThreadForm>* currentForm = nullptr;
+thread_local ThreadForm* currentForm = nullptr;
 
 }  // namespace
 
 std::shared_ptr<ThreadForm> ThreadForm::ofThisThread() {
-  if (currentForm) return currentForm->lock();
+  if (currentForm) return currentForm->shared_from_this();
   std::shared_ptr<ThreadForm> form{new ThreadForm};
-  currentForm = new std::weak_ptr<ThreadForm>{form};
+  currentForm = form.get();
   return form;
 }
 
-ThreadForm::~ThreadForm() {
-  delete currentForm;
-  currentForm = nullptr;
-}
+ThreadForm::~ThreadForm() { currentForm = nullptr; }
 
 ThreadForm::FocusPause::FocusPause() : form_(ofThisThread()), focused_(GetFocus()) {
   ++form_->pauses_;
 }
 
 ThreadForm::FocusPause::~FocusPause() {
-  const auto window = static_cast<HWND>(focused_);
-  if (window && IsWindow(window)) SetFocus(window);
+  if (focused_ && IsWindow(focused_)) SetFocus(focused_);
   --form_->pauses_;
 }
 

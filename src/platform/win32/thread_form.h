@@ -1,5 +1,7 @@
 #pragma once
 
+#include <windows.h>
+
 #include <memory>
 
 #include "platform/focus_tracker.h"
@@ -7,7 +9,7 @@
 namespace keyscout {
 
 /// What all controls of a thread share: who has the focus. Lives as long as a control refers to it.
-class ThreadForm {
+class ThreadForm : public std::enable_shared_from_this<ThreadForm> {
  public:
   static std::shared_ptr<ThreadForm> ofThisThread();
   ~ThreadForm();
@@ -28,7 +30,7 @@ class ThreadForm {
 
    private:
     std::shared_ptr<ThreadForm> form_;
-    void* focused_;
+    HWND focused_;
   };
 
  private:

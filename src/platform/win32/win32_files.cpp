@@ -42,6 +42,13 @@ Error fileFailure(DWORD code, const std::wstring& path) {
   return platformFailure(number(), u"Files");
 }
 
+struct HandleCloser {
+  void operator()(HANDLE handle) const {
+    if (handle != INVALID_HANDLE_VALUE) CloseHandle(handle);
+  }
+};
+using FileHandle = std::unique_ptr<void, HandleCloser>;
+
 class Win32File final : public SequentialFile {
  public:
   // The download process may write or replace the file meanwhile; reading must not stop it.
@@ -49,23 +56,21 @@ class Win32File final : public SequentialFile {
       : handle_(CreateFileW(path.c_str(), GENERIC_READ,
                             FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                             OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr)) {
-    if (handle_ == INVALID_HANDLE_VALUE) throw fileFailure(GetLastError(), path);
-    if (GetFileType(handle_) == FILE_TYPE_DISK) return;
-    CloseHandle(handle_);
-    throw platformFailure(PlatformError::fileAccess, u"Files");
+    if (handle_.get() == INVALID_HANDLE_VALUE) throw fileFailure(GetLastError(), path);
+    if (GetFileType(handle_.get()) != FILE_TYPE_DISK)
+      throw platformFailure(PlatformError::fileAccess, u"Files");
   }
-  ~Win32File() override { CloseHandle(handle_); }
 
  private:
   std::size_t read(char* to, std::size_t room) override {
-    constexpr std::size_t most = 1u << 30;
+    constexpr std::size_t maxBlock = 1u << 30;
     DWORD count = 0;
-    if (!ReadFile(handle_, to, static_cast<DWORD>(std::min(room, most)), &count, nullptr))
+    if (!ReadFile(handle_.get(), to, static_cast<DWORD>(std::min(room, maxBlock)), &count, nullptr))
       throw platformFailure(PlatformError::fileAccess, u"Files");
     return count;
   }
 
-  HANDLE handle_;
+  FileHandle handle_;
 };
 
 }  // namespace

@@ -1,9 +1,8 @@
 #include "platform/win32/win32_form_surface.h"
 
-#include <bit>
-
 #include "base/error.h"
 #include "platform/win32/input.h"
+#include "platform/win32/parameters.h"
 #include "platform/win32/wide.h"
 
 namespace keyscout {
@@ -76,8 +75,7 @@ void Win32FormSurface::paste(StringView text) {
   TextBox& box = surface_.textBox();
   if (!box.enabled() || box.readOnly()) return;
   const std::wstring wide = toWide(text);
-  SendMessageW(surface_.textBox().window(), EM_REPLACESEL, TRUE,
-               std::bit_cast<LPARAM>(wide.c_str()));
+  SendMessageW(surface_.textBox().window(), EM_REPLACESEL, TRUE, asParameter(wide.c_str()));
 }
 
 std::optional<PlayableSurface::ListView> Win32FormSurface::listView() const {
@@ -111,7 +109,7 @@ void Win32FormSurface::click(std::int16_t entry) {
   const auto index = static_cast<WPARAM>(entry);
   const auto rowOf = [&] {
     RECT row{};
-    SendMessageW(dropDown, LB_GETITEMRECT, index, std::bit_cast<LPARAM>(&row));
+    SendMessageW(dropDown, LB_GETITEMRECT, index, asParameter(&row));
     return row;
   };
   RECT area{};

@@ -1,10 +1,12 @@
 #include "platform/win32/win32_list.h"
 
-#include <bit>
+#include <vector>
 
 #include "base/error.h"
+#include "platform/win32/appearance.h"
+#include "platform/win32/instance.h"
+#include "platform/win32/parameters.h"
 #include "platform/win32/wide.h"
-#include "platform/win32/win32_surface.h"
 
 namespace keyscout {
 namespace {
@@ -18,13 +20,69 @@ constexpr UINT setRedrawMessage = 11;      // WM_SETREDRAW
 
 }  // namespace
 
+Win32List::Win32List(WidgetSite& site, HWND parent, DropDownListObserver& observer)
+    : site_(site),
+      observer_(&observer),
+      combo_(*this, site, &Win32List::onComboMessage),
+      edit_(*this, site, &Win32List::onEditMessage),
+      dropDown_(*this, site, &Win32List::onDropDownMessage) {
+  create(parent);
+}
+
+void Win32List::create(HWND parent) {
+  const HWND combo =
+      CreateWindowExW(0, L"COMBOBOX", L"",
+                      WS_CHILD | WS_CLIPSIBLINGS | WS_VSCROLL | CBS_DROPDOWN | CBS_AUTOHSCROLL |
+                          CBS_NOINTEGRALHEIGHT | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS,
+                      0, 0, 0, 0, parent, nullptr, thisInstance(), nullptr);
+  if (!combo) throw platformFailure(PlatformError::outOfMemory, u"DropDownList");
+  combo_.attach(combo);
+  COMBOBOXINFO parts{};
+  parts.cbSize = sizeof parts;
+  if (GetComboBoxInfo(combo, &parts)) {
+    edit_.attach(parts.hwndItem);
+    dropDown_.attach(parts.hwndList);
+  }
+  applyFont();
+  applyDirection();
+}
+
+Win32List::~Win32List() {
+  if (window()) DestroyWindow(window());
+}
+
+void Win32List::recreate(HWND parent) {
+  const HWND before = window();
+  std::vector<String> entries;
+  for (std::int16_t entry = 0; isEntry(entry); ++entry) entries.push_back(entryText(entry));
+  for (Part* const part : {&combo_, &edit_, &dropDown_}) part->detach();
+  create(parent);
+  for (const String& entry : entries) append(entry);
+  restoreSelection();
+  setVisible(True);
+  site_.retireWindow(before);
+}
+
+void Win32List::retire() {
+  observer_ = nullptr;
+  park();
+}
+
+void Win32List::park() {
+  if (!window()) return;
+  const ByCode guard{*this};
+  send(CB_SHOWDROPDOWN, FALSE);
+  ShowWindow(window(), SW_HIDE);
+  SetParent(window(), HWND_MESSAGE);
+}
+
 LRESULT Win32List::send(UINT message, WPARAM wParam, LPARAM lParam) const {
   return SendMessageW(window(), message, wParam, lParam);
 }
 
 void Win32List::report(const std::function<void(DropDownListObserver&)>& report) {
   if (!observer_) return;
-  const FocusTracker::Hold handler{surface_.focusTracker()};
+  const FocusTracker::Hold handler{site_.focusTracker()};
   report(*observer_);
 }
 
@@ -40,7 +98,7 @@ void Win32List::setTop(float top) {
 }
 void Win32List::setWidth(float width) {
   width_ = static_cast<int>(width);
-  takePlace();
+  moveWithSurface();
 }
 
 void Win32List::setTabStop(Boolean tabStop) {
@@ -53,7 +111,7 @@ std::int16_t Win32List::entryCount() const { return static_cast<std::int16_t>(se
 
 void Win32List::append(StringView entry) {
   const std::wstring text = toWide(entry);
-  if (send(CB_ADDSTRING, 0, std::bit_cast<LPARAM>(text.c_str())) < 0)
+  if (send(CB_ADDSTRING, 0, asParameter(text.c_str())) < 0)
     throw platformFailure(PlatformError::outOfMemory, u"DropDownList");
   fitDropDown();
 }
@@ -76,7 +134,7 @@ String Win32List::entryText(std::int16_t entry) const {
   const auto index = static_cast<WPARAM>(entry);
   const auto length = static_cast<std::size_t>(send(CB_GETLBTEXTLEN, index));
   std::wstring text(length + 1, L'\0');
-  send(CB_GETLBTEXT, index, std::bit_cast<LPARAM>(text.data()));
+  send(CB_GETLBTEXT, index, asParameter(text.data()));
   return fromWide({text.data(), length});
 }
 

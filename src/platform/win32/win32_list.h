@@ -4,10 +4,9 @@
 
 #include "platform/widgets.h"
 #include "platform/win32/subclass.h"
+#include "platform/win32/widget_site.h"
 
 namespace keyscout {
-
-class Win32Surface;
 
 /// The drop-down list of a control: a combo box behind the text box, so that its own edit part is
 /// hidden and the part that drops down stands below the text box. Lengths are pixels.
@@ -16,7 +15,7 @@ class Win32Surface;
 /// as the combo box's selection, and opening it makes one of its own.
 class Win32List final : public DropDownList {
  public:
-  Win32List(Win32Surface& surface, HWND parent, DropDownListObserver& observer);
+  Win32List(WidgetSite& site, HWND parent, DropDownListObserver& observer);
   ~Win32List();
 
   HWND window() const { return combo_.window(); }
@@ -30,13 +29,13 @@ class Win32List final : public DropDownList {
   void park();
   /// Makes the combo box anew on `parent`, with the entries that the present one has: a combo box
   /// keeps for good the parent that it was made with.
-  void renew(HWND parent);
-  /// Takes on the font and the height of the text box.
-  void takeFont();
-  /// Takes on the direction that the surface has now.
-  void takeDirection();
+  void recreate(HWND parent);
+  /// Applies the font and the height of the text box.
+  void applyFont();
+  /// Applies the direction that the surface has now.
+  void applyDirection();
   /// Stands below the text box again after the surface has moved.
-  void takePlace();
+  void moveWithSurface();
   void drawEntry(const DRAWITEMSTRUCT& item) const;
   /// What the combo box tells the surface.
   void onNotification(WORD code);
@@ -120,7 +119,7 @@ class Win32List final : public DropDownList {
   void fitDropDown();
   void report(const std::function<void(DropDownListObserver&)>& report);
 
-  Win32Surface& surface_;
+  WidgetSite& site_;
   DropDownListObserver* observer_;
   Part combo_;
   Part edit_;

@@ -1,10 +1,10 @@
 #include "platform/win32/win32_surface.h"
 
-#include <bit>
 #include <utility>
 
 #include "base/error.h"
 #include "platform/win32/instance.h"
+#include "platform/win32/parameters.h"
 
 namespace keyscout {
 namespace {
@@ -23,10 +23,11 @@ Win32Surface::Win32Surface(SurfaceOwner& owner)
   ++depth_;
   createWindow();
   if (!window_) throw platformFailure(PlatformError::outOfMemory, u"ControlSurface");
-  refreshFont();
+  updateLook();
   textBox_.create(window_);
-  textBox_.setWidth(static_cast<float>(scaled(defaultWidth, dpi_)));
-  moveTo({0, 0, scaled(defaultWidth, dpi_), textHeight()});
+  const int width = scaled(defaultWidth, look_.dpi());
+  textBox_.setWidth(static_cast<float>(width));
+  moveTo({0, 0, width, look_.boxHeight()});
   --depth_;
 }
 
@@ -74,7 +75,7 @@ void Win32Surface::setObservers(SurfaceObserver* surface, TextBoxObserver* textB
 bool Win32Surface::placeOn(HWND parent, const RECT& at) {
   if (!window_ || !SetParent(window_, parent)) return false;
   setStyle(window_, GWL_EXSTYLE, WS_EX_NOPARENTNOTIFY, false);
-  refreshFont();
+  updateLook();
   moveTo(at);
   ShowWindow(window_, SW_SHOWNA);
   return true;
@@ -83,7 +84,7 @@ bool Win32Surface::placeOn(HWND parent, const RECT& at) {
 void Win32Surface::moveTo(const RECT& at) {
   const SIZE size = sizeOf(at);
   SetWindowPos(window_, nullptr, at.left, at.top, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
-  if (list_) list_->takePlace();
+  if (list_) list_->moveWithSurface();
 }
 
 void Win32Surface::resize(SIZE pixels) {
@@ -127,28 +128,16 @@ bool Win32Surface::hasFocus() const {
 }
 
 void Win32Surface::setBaseFont(const LOGFONTW* font) {
-  if (font)
-    baseFont_ = *font;
-  else
-    baseFont_.reset();
-  refreshFont();
+  look_.setBaseFont(font);
+  updateLook();
 }
 
-void Win32Surface::refreshFont() {
-  dpi_ = dpiOf(window_);
-  fontDescription_ = baseFont_ ? *baseFont_ : messageFont(dpi_);
-  Font font{CreateFontIndirectW(&fontDescription_)};
-  std::swap(font, font_);
+void Win32Surface::updateLook() {
+  const Font before = look_.update(window_);
   if (!textBox_.window()) return;
-  textBox_.takeFont();
-  if (list_) list_->takeFont();
+  textBox_.applyFont();
+  if (list_) list_->applyFont();
 }
-
-int Win32Surface::textHeight() const {
-  return lineHeight(font_.get()) + 2 * GetSystemMetrics(SM_CYEDGE) + scaled(4, dpi_);
-}
-
-int Win32Surface::textInset() const { return GetSystemMetrics(SM_CXEDGE) + scaled(1, dpi_); }
 
 void Win32Surface::setBackground(LONG oleColor) {
   background_ = oleColor;
@@ -156,13 +145,15 @@ void Win32Surface::setBackground(LONG oleColor) {
 }
 
 void Win32Surface::setRightToLeft(bool rightToLeft) {
-  if (rightToLeft == std::exchange(rightToLeft_, rightToLeft)) return;
-  keepListOpen([&] { textBox_.renew(window_, rightToLeft); });
-  if (list_) list_->takeDirection();
+  if (rightToLeft == look_.isRightToLeft()) return;
+  look_.setRightToLeft(rightToLeft);
+  keepListOpen([&] { textBox_.recreate(window_); });
+  if (list_) list_->applyDirection();
 }
 
 DropDownList& Win32Surface::addDropDownList(StringView name, DropDownListObserver& observer) {
-  list_ = std::make_unique<Win32List>(*this, window_, observer);
+  WidgetSite& site = *this;
+  list_ = std::make_unique<Win32List>(site, window_, observer);
   listName_ = name;
   return *list_;
 }
@@ -220,6 +211,13 @@ bool Win32Surface::scrollList(WPARAM wParam, LPARAM lParam) {
   return open;
 }
 
+void Win32Surface::keepListOpen(const std::function<void()>& move) {
+  if (list_)
+    list_->keepOpen(move);
+  else
+    move();
+}
+
 bool Win32Surface::wantsKey(WPARAM keyCode) const {
   switch (keyCode) {
     case VK_UP:
@@ -237,7 +235,7 @@ bool Win32Surface::wantsKey(WPARAM keyCode) const {
 }
 
 LRESULT Win32Surface::dialogCode(LPARAM lParam) const {
-  const auto* const message = std::bit_cast<const MSG*>(lParam);
+  const auto* const message = pointerIn<const MSG*>(lParam);
   const bool wanted = message && message->message == WM_KEYDOWN && wantsKey(message->wParam);
   return DLGC_WANTARROWS | DLGC_WANTCHARS | DLGC_HASSETSEL | (wanted ? DLGC_WANTMESSAGE : 0);
 }

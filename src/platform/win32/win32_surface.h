@@ -1,14 +1,14 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 #include <vector>
 
 #include "platform/focus_tracker.h"
 #include "platform/widgets.h"
 #include "platform/win32/appearance.h"
-#include "platform/win32/subclass.h"
+#include "platform/win32/text_look.h"
 #include "platform/win32/thread_form.h"
+#include "platform/win32/widget_site.h"
 #include "platform/win32/win32_list.h"
 #include "platform/win32/win32_text_box.h"
 
@@ -43,7 +43,7 @@ class SurfaceOwner {
 /// has returned they are only put out of sight. So a host may take the control apart from inside
 /// any event. Where the host destroys the window that the surface stands on, the surface gets a new
 /// one out of sight, with the widgets as they were.
-class Win32Surface final : public ControlSurface, public BusyCount, private FocusObserver {
+class Win32Surface final : public ControlSurface, private WidgetSite, private FocusObserver {
  public:
   /// `owner` must outlive the surface.
   explicit Win32Surface(SurfaceOwner& owner);
@@ -63,7 +63,6 @@ class Win32Surface final : public ControlSurface, public BusyCount, private Focu
   void park();
   /// The pixels that the surface takes up, on a window or not.
   SIZE size() const;
-  int dpi() const { return dpi_; }
   /// Gives the focus to the text box, or to the surface while the text box is disabled.
   void takeFocus();
   bool hasFocus() const;
@@ -86,41 +85,10 @@ class Win32Surface final : public ControlSurface, public BusyCount, private Focu
   void beginHostCall() override;
   void endHostCall() noexcept override;
 
-  // BusyCount
-  void enter() noexcept override;
-  void leave() noexcept override;
-
-  // What the widgets on the surface need of it
-
   Win32List* list() const { return list_.get(); }
-  FocusTracker& focusTracker() { return form_->focusTracker(); }
-  HFONT font() const { return font_.get(); }
-  const LOGFONTW& fontDescription() const { return fontDescription_; }
-  int textHeight() const;
-  /// From the outside of the text box to its text.
-  int textInset() const;
-  bool isRightToLeft() const { return rightToLeft_; }
-  void focusCame(FocusPlace place);
-  void focusGoes(HWND next);
-  void listClosedByUser();
-  void wantedKeysChanged() { owner_.wantedKeysChanged(); }
-  /// Takes a widget's window out of sight, and destroys it when no message of it is being worked
-  /// on.
-  void retireWindow(HWND window);
-  /// Whether the list is open; if so it has scrolled by the wheel message given.
-  bool scrollList(WPARAM wParam, LPARAM lParam);
-  /// Runs `move`, which takes the focus away from the list, and leaves the list open if it was.
-  template <class Move>
-  void keepListOpen(Move&& move) {
-    if (list_)
-      list_->keepOpen(move);
-    else
-      move();
-  }
+  const TextLook& look() const override { return look_; }
   /// True for keys that a host's dialog handling must leave to the control.
   bool wantsKey(WPARAM keyCode) const;
-  /// The answer to WM_GETDLGCODE, whose last parameter names the message in question.
-  LRESULT dialogCode(LPARAM lParam) const;
 
   /// The library's own window class goes with the library.
   static void unregisterClass() noexcept;
@@ -134,7 +102,20 @@ class Win32Surface final : public ControlSurface, public BusyCount, private Focu
   void onDestroy();
   void restore() noexcept;
   void eraseBackground(HDC target);
-  void refreshFont();
+  void updateLook();
+
+  // WidgetSite
+  void enter() noexcept override;
+  void leave() noexcept override;
+  FocusTracker& focusTracker() override { return form_->focusTracker(); }
+  void focusCame(FocusPlace place) override;
+  void focusGoes(HWND next) override;
+  void listOpenedOrClosed() override { owner_.wantedKeysChanged(); }
+  void listClosedByUser() override;
+  bool scrollList(WPARAM wParam, LPARAM lParam) override;
+  void keepListOpen(const std::function<void()>& move) override;
+  LRESULT dialogCode(LPARAM lParam) const override;
+  void retireWindow(HWND window) override;
 
   // FocusObserver
   void textBoxGotFocus() noexcept override { textBox_.gotFocus(); }
@@ -146,12 +127,8 @@ class Win32Surface final : public ControlSurface, public BusyCount, private Focu
   std::shared_ptr<ThreadForm> form_;
   HWND window_ = nullptr;
   SurfaceObserver* observer_ = nullptr;
-  int dpi_ = USER_DEFAULT_SCREEN_DPI;
-  std::optional<LOGFONTW> baseFont_;
-  LOGFONTW fontDescription_{};
-  Font font_;
+  TextLook look_;
   LONG background_ = systemColor(COLOR_BTNFACE);
-  bool rightToLeft_ = false;
   std::int16_t mousePointer_ = 0;
   int depth_ = 0;
 

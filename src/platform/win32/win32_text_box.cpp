@@ -3,12 +3,13 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "base/error.h"
 #include "platform/win32/instance.h"
+#include "platform/win32/parameters.h"
 #include "platform/win32/wide.h"
-#include "platform/win32/win32_surface.h"
 
 namespace keyscout {
 namespace {
@@ -25,16 +26,16 @@ struct Selection {
 
 Selection selectionOf(HWND edit) {
   Selection selection;
-  SendMessageW(edit, EM_GETSEL, std::bit_cast<WPARAM>(&selection.start),
-               std::bit_cast<LPARAM>(&selection.end));
+  SendMessageW(edit, EM_GETSEL, asParameter<WPARAM>(&selection.start), asParameter(&selection.end));
   return selection;
 }
 
 }  // namespace
 
-Win32TextBox::Win32TextBox(Win32Surface& surface) : Subclass(surface), surface_(surface) {}
+Win32TextBox::Win32TextBox(WidgetSite& site) : Subclass(site), site_(site) {}
 
-HWND Win32TextBox::makeWindow(HWND parent, bool rightToLeft) {
+HWND Win32TextBox::makeWindow(HWND parent) const {
+  const bool rightToLeft = site_.look().isRightToLeft();
   const DWORD extendedStyle = rightToLeft ? WS_EX_RIGHT : 0;
   const DWORD style = rightToLeft ? ES_RIGHT : ES_LEFT;
   const HWND edit =
@@ -47,14 +48,14 @@ HWND Win32TextBox::makeWindow(HWND parent, bool rightToLeft) {
 }
 
 void Win32TextBox::create(HWND parent) {
-  attach(makeWindow(parent, false));
-  takeFont();
+  attach(makeWindow(parent));
+  applyFont();
 }
 
-void Win32TextBox::renew(HWND parent, bool rightToLeft) {
+void Win32TextBox::recreate(HWND parent) {
   const HWND before = window();
   if (!before) return;
-  const HWND edit = makeWindow(parent, rightToLeft);
+  const HWND edit = makeWindow(parent);
   const std::wstring content = toWide(text());
   const Selection selection = selectionOf(before);
   const float wide = width();
@@ -64,7 +65,7 @@ void Win32TextBox::renew(HWND parent, bool rightToLeft) {
   detach();
   attach(edit);
   pressed_ = false;  // that was the window before
-  takeFont();
+  applyFont();
   setWidth(wide);
   // Only now, since an edit window that is too narrow for its text scrolls it. The text is no
   // change, so nobody is told of it.
@@ -75,25 +76,25 @@ void Win32TextBox::renew(HWND parent, bool rightToLeft) {
   toolTip_ = nullptr;
   if (!toolTipText_.empty()) setToolTipText(String{toolTipText_});
   if (hasFocus) SetFocus(edit);
-  surface_.retireWindow(before);
+  site_.retireWindow(before);
 }
 
 void Win32TextBox::report(const std::function<void(TextBoxObserver&)>& report) {
   if (!observer_) return;
-  const FocusTracker::Hold handler{surface_.focusTracker()};
+  const FocusTracker::Hold handler{site_.focusTracker()};
   report(*observer_);
 }
 
-void Win32TextBox::takeFont() {
-  LOGFONTW description = surface_.fontDescription();
+void Win32TextBox::applyFont() {
+  LOGFONTW description = site_.look().fontDescription();
   if (bold_) description.lfWeight = FW_BOLD;
   Font font{CreateFontIndirectW(&description)};
-  SendMessageW(window(), WM_SETFONT, std::bit_cast<WPARAM>(font.get()), TRUE);
+  SendMessageW(window(), WM_SETFONT, asParameter<WPARAM>(font.get()), TRUE);
   font_ = std::move(font);
-  const auto margin = static_cast<WORD>(surface_.textInset() - GetSystemMetrics(SM_CXEDGE));
+  const auto margin = static_cast<WORD>(site_.look().inset() - GetSystemMetrics(SM_CXEDGE));
   SendMessageW(window(), EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELPARAM(margin, margin));
   const RECT now = place();
-  SetWindowPos(window(), nullptr, 0, 0, now.right - now.left, surface_.textHeight(),
+  SetWindowPos(window(), nullptr, 0, 0, now.right - now.left, site_.look().boxHeight(),
                SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
@@ -150,7 +151,7 @@ void Win32TextBox::setSelLength(std::int32_t length) {
 }
 
 void Win32TextBox::setFocus() {
-  surface_.keepListOpen([&] { SetFocus(window()); });
+  site_.keepListOpen([&] { SetFocus(window()); });
 }
 
 Boolean Win32TextBox::enabled() const { return IsWindowEnabled(window()) != FALSE; }
@@ -178,7 +179,7 @@ void Win32TextBox::setBackColor(std::int32_t color) {
 
 void Win32TextBox::setFontBold(Boolean bold) {
   bold_ = bold;
-  takeFont();
+  applyFont();
 }
 
 void Win32TextBox::setToolTipText(StringView text) {
@@ -188,7 +189,7 @@ void Win32TextBox::setToolTipText(StringView text) {
   tool.cbSize = TTTOOLINFOW_V2_SIZE;
   tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
   tool.hwnd = window();
-  tool.uId = std::bit_cast<UINT_PTR>(window());
+  tool.uId = asParameter<UINT_PTR>(window());
   tool.lpszText = wide.data();
   if (!toolTip_) {
     const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_WIN95_CLASSES};
@@ -196,16 +197,17 @@ void Win32TextBox::setToolTipText(StringView text) {
     toolTip_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP,
                                CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, window(),
                                nullptr, thisInstance(), nullptr);
-    SendMessageW(toolTip_, TTM_ADDTOOLW, 0, std::bit_cast<LPARAM>(&tool));
+    SendMessageW(toolTip_, TTM_ADDTOOLW, 0, asParameter(&tool));
   }
-  SendMessageW(toolTip_, TTM_UPDATETIPTEXTW, 0, std::bit_cast<LPARAM>(&tool));
+  SendMessageW(toolTip_, TTM_UPDATETIPTEXTW, 0, asParameter(&tool));
 }
 
 RECT Win32TextBox::place() const {
-  RECT place{};
-  GetWindowRect(window(), &place);
-  MapWindowPoints(HWND_DESKTOP, GetParent(window()), std::bit_cast<POINT*>(&place), 2);
-  return place;
+  RECT onScreen{};
+  GetWindowRect(window(), &onScreen);
+  std::array<POINT, 2> corners{{{onScreen.left, onScreen.top}, {onScreen.right, onScreen.bottom}}};
+  MapWindowPoints(HWND_DESKTOP, GetParent(window()), corners.data(), 2);
+  return {corners[0].x, corners[0].y, corners[1].x, corners[1].y};
 }
 
 float Win32TextBox::left() const { return static_cast<float>(place().left); }

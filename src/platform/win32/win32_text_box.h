@@ -4,24 +4,24 @@
 
 #include "platform/widgets.h"
 #include "platform/win32/appearance.h"
+#include "platform/win32/gdi.h"
 #include "platform/win32/subclass.h"
+#include "platform/win32/widget_site.h"
 
 namespace keyscout {
-
-class Win32Surface;
 
 /// The text box of a control: an edit window at the surface's origin. Lengths are pixels.
 class Win32TextBox final : public TextBox, private Subclass {
  public:
-  explicit Win32TextBox(Win32Surface& surface);
+  explicit Win32TextBox(WidgetSite& site);
 
   void create(HWND parent);
   void setObserver(TextBoxObserver* observer) { observer_ = observer; }
-  /// Takes on the font that the surface has now, and the height that goes with it.
-  void takeFont();
-  /// Makes the edit window anew on `parent`, with all that the present one has: an edit window
-  /// keeps for good the alignment and the parent that it was made with.
-  void renew(HWND parent, bool rightToLeft);
+  /// Applies the font that the surface has now, and the height that goes with it.
+  void applyFont();
+  /// Makes the edit window anew on `parent`, with all that the present one has, in the direction
+  /// of the site: an edit window keeps for good the alignment and the parent that it was made with.
+  void recreate(HWND parent);
 
   using Subclass::window;
   int height() const;
@@ -64,12 +64,12 @@ class Win32TextBox final : public TextBox, private Subclass {
   LRESULT onCharacter(UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT onKeyUp(UINT message, WPARAM wParam, LPARAM lParam);
   void reportMouse(UINT message, WPARAM wParam, LPARAM lParam);
-  static HWND makeWindow(HWND parent, bool rightToLeft);
+  HWND makeWindow(HWND parent) const;
   RECT place() const;
 
   void report(const std::function<void(TextBoxObserver&)>& report);
 
-  Win32Surface& surface_;
+  WidgetSite& site_;
   TextBoxObserver* observer_ = nullptr;
   Font font_;
   Brush background_;

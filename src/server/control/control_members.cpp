@@ -31,7 +31,7 @@ void toVariant(const Variant& value, VARIANT& result) {
 }  // namespace
 
 ControlObject::ControlObject() : control_(windowsPlatform(), surface_, events_) {
-  extent_ = toHimetric(surface_.size(), surface_.dpi());
+  extent_ = toHimetric(surface_.size(), surface_.look().dpi());
 }
 
 HRESULT ControlObject::get_text(BSTR* result) {

@@ -88,7 +88,7 @@ HRESULT ControlObject::SetExtent(DWORD aspect, SIZEL* size) {
     const SIZEL extent = target(size);
     if (extent.cx < 0 || extent.cy < 0) throw ComFailure{E_INVALIDARG};
     extent_ = extent;
-    surface_.resize(toPixels(extent, surface_.dpi()));
+    surface_.resize(toPixels(extent, surface_.look().dpi()));
     viewChanged();
   });
 }

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "platform/win32/appearance.h"
+#include "platform/win32/gdi.h"
 #include "platform/win32/wide.h"
 #include "server/control/control_object.h"
 
@@ -69,7 +70,7 @@ HRESULT ControlObject::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC
     fill(context, area, colorOf(surface_.textBox().backColor(), GetSysColor(COLOR_WINDOW)));
     DrawEdge(context, &area, EDGE_SUNKEN, BF_RECT);
 
-    LOGFONTW description = surface_.fontDescription();
+    LOGFONTW description = surface_.look().fontDescription();
     description.lfHeight = toTarget(description.lfHeight);
     description.lfWidth = 0;
     if (surface_.textBox().fontBold()) description.lfWeight = FW_BOLD;
@@ -78,7 +79,7 @@ HRESULT ControlObject::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC
     SetBkMode(context, TRANSPARENT);
     const COLORREF fore = colorOf(surface_.textBox().foreColor(), GetSysColor(COLOR_WINDOWTEXT));
     SetTextColor(context, control_.Enabled() ? fore : GetSysColor(COLOR_GRAYTEXT));
-    InflateRect(&area, -toTarget(surface_.textInset()), 0);
+    InflateRect(&area, -toTarget(surface_.look().inset()), 0);
     std::wstring text = toWide(control_.text());
     const UINT direction = isRightToLeft() ? DT_RIGHT : DT_LEFT;
     DrawTextW(context, text.data(), static_cast<int>(text.size()), &area,
