@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <bit>
 
+#include "platform/win32/gdi.h"
+#include "platform/win32/parameters.h"
 #include "support/test_form.h"
 
 namespace keyscout {
@@ -19,13 +21,10 @@ RECT insideOf(HWND window) {
 }
 
 int lineHeightOf(HWND window) {
-  const HDC context = GetDC(window);
-  const HGDIOBJ before =
-      SelectObject(context, std::bit_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)));
+  const WindowContext context{window};
+  const Selected font{context, pointerIn<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0))};
   TEXTMETRICW metrics{};
   GetTextMetricsW(context, &metrics);
-  SelectObject(context, before);
-  ReleaseDC(window, context);
   return metrics.tmHeight;
 }
 
@@ -173,9 +172,7 @@ class Picture {
  public:
   Picture(TestForm& form, int width, int height, Way way = Way::direct)
       : size_{width, height}, context_(CreateCompatibleDC(nullptr)) {
-    const HDC screen = GetDC(nullptr);
-    bitmap_ = CreateCompatibleBitmap(screen, width, height);
-    ReleaseDC(nullptr, screen);
+    bitmap_ = CreateCompatibleBitmap(WindowContext{}, width, height);
     before_ = SelectObject(context_, bitmap_);
     const auto view = form.site().controlAs<IViewObject2>();
     const auto draw = [&](HDC target) {

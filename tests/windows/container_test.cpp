@@ -4,6 +4,7 @@
 
 #include <olectl.h>
 
+#include "platform/win32/parameters.h"
 #include "support/test_form.h"
 
 namespace keyscout {
@@ -269,7 +270,7 @@ TEST(Container, AmbientPropertiesAreTakenOn) {
   form.site().ambients[DISPID_AMBIENT_FONT] = font;
   form.site().controlAs<IOleControl>()->OnAmbientPropertyChange(DISPID_AMBIENT_FONT);
   LOGFONTW used{};
-  GetObjectW(std::bit_cast<HFONT>(SendMessageW(form.edit(), WM_GETFONT, 0, 0)), sizeof used, &used);
+  GetObjectW(pointerIn<HFONT>(SendMessageW(form.edit(), WM_GETFONT, 0, 0)), sizeof used, &used);
   EXPECT_EQ(narrow(used.lfFaceName), "Courier New");
   form.site().ambients.clear();
   font.pdispVal->Release();

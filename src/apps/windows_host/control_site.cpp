@@ -1,5 +1,6 @@
 #include "apps/windows_host/control_site.h"
 
+#include "platform/win32/appearance.h"
 #include "server/com/failures.h"
 #include "server/control/extent.h"
 
@@ -14,10 +15,7 @@ void ControlSite::create(REFCLSID id, const RECT& at) {
   if (!object) throw ComFailure{E_NOINTERFACE};
   require(object->SetClientSite(this));
   if (const auto persistence = controlAs<IPersistStreamInit>()) persistence->InitNew();
-  const HDC screen = GetDC(nullptr);
-  const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
-  ReleaseDC(nullptr, screen);
-  SIZEL extent = toHimetric({at.right - at.left, at.bottom - at.top}, dpi);
+  SIZEL extent = toHimetric({at.right - at.left, at.bottom - at.top}, dpiOf(parent_));
   object->SetExtent(DVASPECT_CONTENT, &extent);
   require(object->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, this, 0, parent_, &at));
 }

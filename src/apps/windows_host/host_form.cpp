@@ -1,10 +1,10 @@
 #include "apps/windows_host/host_form.h"
 
-#include <bit>
 #include <vector>
 
 #include "platform/win32/appearance.h"
 #include "platform/win32/instance.h"
+#include "platform/win32/parameters.h"
 #include "platform/win32/system_code_page.h"
 #include "platform/win32/wide.h"
 #include "platform/win32/win32_files.h"
@@ -70,7 +70,7 @@ HostForm::HostForm(std::wstring directory, bool rightToLeft)
                       CW_USEDEFAULT, CW_USEDEFAULT, 0, 0, nullptr, nullptr, thisInstance(), this);
   if (!window_) throw ComFailure{E_OUTOFMEMORY};
   const LOGFONTW font = messageFont(dpiOf(window_));
-  font_ = CreateFontIndirectW(&font);
+  font_.reset(CreateFontIndirectW(&font));
   RECT area{0, 0, scaled(520), scaled(360)};
   AdjustWindowRectEx(&area, WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX, FALSE,
                      extendedStyle);
@@ -84,7 +84,6 @@ HostForm::~HostForm() {
   for (const auto& site : sites_)
     if (site) site->close();
   if (window_) DestroyWindow(window_);
-  DeleteObject(font_);
 }
 
 int HostForm::scaled(int pixels) const { return keyscout::scaled(pixels, dpiOf(window_)); }
@@ -94,8 +93,8 @@ HWND HostForm::add(const wchar_t* kind, const wchar_t* text, DWORD style, RECT a
       CreateWindowExW(wcscmp(kind, L"LISTBOX") == 0 ? WS_EX_CLIENTEDGE : 0, kind, text,
                       WS_CHILD | WS_VISIBLE | style, scaled(at.left), scaled(at.top),
                       scaled(at.right - at.left), scaled(at.bottom - at.top), window_,
-                      std::bit_cast<HMENU>(static_cast<INT_PTR>(id)), thisInstance(), nullptr);
-  SendMessageW(made, WM_SETFONT, std::bit_cast<WPARAM>(font_), TRUE);
+                      pointerIn<HMENU>(static_cast<INT_PTR>(id)), thisInstance(), nullptr);
+  SendMessageW(made, WM_SETFONT, asParameter<WPARAM>(font_.get()), TRUE);
   return made;
 }
 
@@ -105,13 +104,13 @@ void HostForm::addControls() {
   add(L"STATIC", L"Brand", 0, {280, 16, 400, 32});
   brand_ = add(L"COMBOBOX", L"", CBS_DROPDOWNLIST | WS_TABSTOP | WS_VSCROLL, {280, 34, 400, 200},
                brandId);
-  SendMessageW(brand_, CB_ADDSTRING, 0, std::bit_cast<LPARAM>(&anyBrand));
+  SendMessageW(brand_, CB_ADDSTRING, 0, asParameter(&anyBrand));
   add(L"STATIC", L"The user may see (none: all)", 0, {280, 66, 504, 82});
   authorized_ = add(L"LISTBOX", L"", WS_VSCROLL | WS_TABSTOP | LBS_MULTIPLESEL | LBS_NOTIFY,
                     {280, 84, 400, 196}, authorizedId);
   for (const std::wstring& brand : brandsIn(directory_)) {
-    SendMessageW(brand_, CB_ADDSTRING, 0, std::bit_cast<LPARAM>(brand.c_str()));
-    SendMessageW(authorized_, LB_ADDSTRING, 0, std::bit_cast<LPARAM>(brand.c_str()));
+    SendMessageW(brand_, CB_ADDSTRING, 0, asParameter(brand.c_str()));
+    SendMessageW(authorized_, LB_ADDSTRING, 0, asParameter(brand.c_str()));
   }
   SendMessageW(brand_, CB_SETCURSEL, 0, 0);
   add(L"BUTTON", L"Lock", WS_TABSTOP, {420, 33, 504, 57}, lockId);
@@ -165,7 +164,7 @@ void HostForm::authorizeBrands() {
     if (SendMessageW(authorized_, LB_GETSEL, entry, 0) <= 0) continue;
     std::wstring brand(static_cast<std::size_t>(SendMessageW(authorized_, LB_GETTEXTLEN, entry, 0)),
                        L' ');
-    SendMessageW(authorized_, LB_GETTEXT, entry, std::bit_cast<LPARAM>(brand.data()));
+    SendMessageW(authorized_, LB_GETTEXT, entry, asParameter(brand.data()));
     list->Add(Bstr{fromWide(brand)}.get(), noItem);
   }
   const auto control = sites_[0]->controlAs<_keyscoutControl>();
@@ -211,7 +210,7 @@ void HostForm::onCommand(WORD id, WORD code) {
 }
 
 void HostForm::log(const std::wstring& line) {
-  const LRESULT at = SendMessageW(log_, LB_ADDSTRING, 0, std::bit_cast<LPARAM>(line.c_str()));
+  const LRESULT at = SendMessageW(log_, LB_ADDSTRING, 0, asParameter(line.c_str()));
   SendMessageW(log_, LB_SETTOPINDEX, static_cast<WPARAM>(at), 0);
 }
 
@@ -241,10 +240,10 @@ void HostForm::run() {
 
 LRESULT CALLBACK HostForm::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_NCCREATE) {
-    const auto* const creation = std::bit_cast<const CREATESTRUCTW*>(lParam);
-    SetWindowLongPtrW(window, GWLP_USERDATA, std::bit_cast<LONG_PTR>(creation->lpCreateParams));
+    const auto* const creation = pointerIn<const CREATESTRUCTW*>(lParam);
+    SetWindowLongPtrW(window, GWLP_USERDATA, asParameter(creation->lpCreateParams));
   }
-  auto* const self = std::bit_cast<HostForm*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  auto* const self = pointerIn<HostForm*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   switch (message) {
     case WM_COMMAND:
       if (self) self->onCommand(LOWORD(wParam), HIWORD(wParam));

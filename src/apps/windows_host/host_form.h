@@ -7,6 +7,7 @@
 
 #include "apps/windows_host/control_site.h"
 #include "keyscout_h.h"
+#include "platform/win32/gdi.h"
 
 namespace keyscout {
 
@@ -46,7 +47,7 @@ class HostForm {
   HWND brand_ = nullptr;
   HWND authorized_ = nullptr;
   HWND log_ = nullptr;
-  HFONT font_ = nullptr;
+  Font font_;
   ComPtr<_RWKeyscoutController> controller_;
   std::array<ComPtr<ControlSite>, 2> sites_;
 };

@@ -1,8 +1,7 @@
 #include "support/test_form.h"
 
-#include <bit>
-
 #include "base/utf8.h"
+#include "platform/win32/parameters.h"
 #include "platform/win32/wide.h"
 #include "server/com/failures.h"
 
@@ -201,7 +200,7 @@ std::vector<std::string> TestForm::entries(int which) {
   const LRESULT count = list ? SendMessageW(list, CB_GETCOUNT, 0, 0) : 0;
   for (LRESULT i = 0; i < count; ++i) {
     wchar_t text[100] = L"";
-    SendMessageW(list, CB_GETLBTEXT, static_cast<WPARAM>(i), std::bit_cast<LPARAM>(&text));
+    SendMessageW(list, CB_GETLBTEXT, static_cast<WPARAM>(i), asParameter(&text));
     all.push_back(narrow(text));
   }
   return all;
@@ -210,7 +209,7 @@ std::vector<std::string> TestForm::entries(int which) {
 POINT TestForm::entryOnScreen(int entry, int which) {
   const HWND list = dropDown(which);
   RECT row{};
-  SendMessageW(list, LB_GETITEMRECT, static_cast<WPARAM>(entry), std::bit_cast<LPARAM>(&row));
+  SendMessageW(list, LB_GETITEMRECT, static_cast<WPARAM>(entry), asParameter(&row));
   POINT at{(row.left + row.right) / 2, (row.top + row.bottom) / 2};
   ClientToScreen(list, &at);
   return at;
