@@ -4,7 +4,8 @@
 
 namespace keyscout {
 
-// A character beyond the first 65536 is a pair of UTF-16 code units, a high surrogate and a low one.
+// A character beyond the first 65536 is a pair of UTF-16 code units, a high surrogate and a low
+// one.
 
 constexpr bool isHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit < 0xDC00; }
 constexpr bool isLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit < 0xE000; }

@@ -2,7 +2,7 @@
 
 #include "controller/keyscout_controller.h"
 #include "controller/procedures.h"
-#include "shared/download_format.h"
+#include "shared/data_format/record_columns.h"
 
 namespace keyscout {
 

@@ -1,6 +1,6 @@
 #include "controller/keyscout_controller.h"
 #include "controller/procedures.h"
-#include "shared/index_line.h"
+#include "shared/data_format/index_line.h"
 
 namespace keyscout {
 namespace {

@@ -3,10 +3,10 @@
 #include <cstdint>
 #include <string_view>
 
-#include "lookup/catalog_line.h"
 #include "lookup/lookup_client.h"
 #include "lookup/lookup_fields.h"
 #include "platform/platform.h"
+#include "shared/data_format/catalog_line.h"
 #include "shared/keyscout_module.h"
 #include "shared/tracer.h"
 

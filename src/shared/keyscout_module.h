@@ -10,7 +10,7 @@
 #include "base/keyed_collection.h"
 #include "platform/brand_list.h"
 #include "platform/object_library.h"
-#include "shared/catalog_table_entry.h"
+#include "shared/data_format/catalog_table_entry.h"
 
 namespace keyscout {
 

@@ -3,7 +3,7 @@
 #include "base/error.h"
 #include "base/numbers.h"
 #include "base/utf8.h"
-#include "shared/index_line.h"
+#include "shared/data_format/index_line.h"
 #include "shared/keyscout_module.h"
 
 namespace keyscout {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "apps/cli/check/checked_directory.h"
-#include "shared/catalog_table_entry.h"
+#include "shared/data_format/catalog_table_entry.h"
 
 namespace keyscout {
 

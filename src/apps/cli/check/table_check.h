@@ -9,7 +9,7 @@
 #include "apps/cli/check/checked_directory.h"
 #include "apps/cli/check/index_check.h"
 #include "apps/cli/sorting/number_order.h"
-#include "lookup/catalog_line.h"
+#include "shared/data_format/catalog_line.h"
 
 namespace keyscout {
 

@@ -8,8 +8,8 @@
 #include "base/error.h"
 #include "base/numbers.h"
 #include "base/utf8.h"
-#include "lookup/catalog_line.h"
-#include "shared/download_format.h"
+#include "shared/data_format/catalog_line.h"
+#include "shared/data_format/record_columns.h"
 
 namespace keyscout {
 namespace {

@@ -16,7 +16,7 @@
 #include "apps/cli/sorting/external_sorter.h"
 #include "apps/cli/sorting/number_order.h"
 #include "base/code_page.h"
-#include "shared/download_format.h"
+#include "shared/data_format/record_columns.h"
 #include "shared/keyscout_module.h"
 
 namespace keyscout {

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "apps/cli/packing/directory_files.h"
-#include "shared/download_format.h"
+#include "shared/data_format/record_columns.h"
 
 namespace keyscout {
 namespace {

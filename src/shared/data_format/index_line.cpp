@@ -1,4 +1,4 @@
-#include "shared/index_line.h"
+#include "shared/data_format/index_line.h"
 
 namespace keyscout {
 

@@ -1,4 +1,4 @@
-#include "lookup/catalog_line.h"
+#include "shared/data_format/catalog_line.h"
 
 #include "base/error.h"
 

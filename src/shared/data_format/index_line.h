@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shared/catalog_table_entry.h"
+#include "shared/data_format/catalog_table_entry.h"
 
 namespace keyscout {
 
