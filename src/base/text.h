@@ -22,12 +22,19 @@ constexpr std::basic_string_view<Char> trimmed(std::basic_string_view<Char> text
 }
 constexpr StringView trimmed(const String& text) { return trimmed(StringView{text}); }
 
-/// What `line` has in the `width` columns from the 1-based column `first` on: all, a part or
-/// nothing of it where the line is shorter.
+/// Columns of a line: the first, counted from 1, and how many they are.
+struct Columns {
+  std::size_t first;
+  std::size_t width;
+
+  /// The first column behind them.
+  constexpr std::size_t end() const { return first + width; }
+};
+
+/// What `line` has in these columns: all, a part or nothing of it where the line is shorter.
 template <class Char>
-constexpr std::basic_string_view<Char> columns(std::basic_string_view<Char> line, std::size_t first,
-                                               std::size_t width) {
-  return line.substr(std::min(first - 1, line.size()), width);
+constexpr std::basic_string_view<Char> columns(std::basic_string_view<Char> line, Columns range) {
+  return line.substr(std::min(range.first - 1, line.size()), range.width);
 }
 
 /// The last `width` characters of `line`, the whole line where it is shorter.

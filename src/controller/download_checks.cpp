@@ -2,6 +2,8 @@
 
 #include "controller/keyscout_controller.h"
 #include "controller/procedures.h"
+#include "shared/data_format/control_words.h"
+#include "shared/data_format/directory_files.h"
 #include "shared/data_format/record_columns.h"
 
 namespace keyscout {
@@ -16,7 +18,7 @@ Boolean RWKeyscoutController::checkDownloadVersion() {
           const auto file = platform_.files.open(pathOf(CatalogNumbersDownloadFile()));
           if (!file->atEnd()) header = platform_.codePage.decode(file->readLine());
         }
-        if (header == currentFormatHeader) return True;
+        if (header == downloadHeader) return True;
         if (header.starts_with(u'0'))
           throw refusal(KeyscoutErrorCodes::CatalogFormatChanged,
                         u"The format of the catalog number download has changed.");
@@ -43,11 +45,11 @@ Boolean RWKeyscoutController::checkCatalogControlFile() {
       [&]() -> Boolean {
         String status;
         {
-          const auto file = platform_.files.open(pathOf(u"catcontrol.txt"));
+          const auto file = platform_.files.open(pathOf(DirectoryFiles::control));
           while (!file->atEnd()) status += platform_.codePage.decode(file->readLine());
         }
-        if (status.starts_with(u"READY")) return True;
-        if (status == u"INPROCESS")
+        if (status.starts_with(ControlWords::ready)) return True;
+        if (status == ControlWords::inProcess)
           throw refusal(KeyscoutErrorCodes::ControlStatusInProcess,
                         u"Keyscout will be enabled as soon as the catalog number download has been "
                         u"completed.");

@@ -1,5 +1,7 @@
 #include "controller/keyscout_controller.h"
 #include "controller/procedures.h"
+#include "shared/data_format/brand_line.h"
+#include "shared/data_format/directory_files.h"
 #include "shared/data_format/index_line.h"
 
 namespace keyscout {
@@ -46,7 +48,7 @@ void RWKeyscoutController::loadIndex() {
 }
 
 void RWKeyscoutController::loadBrands() {
-  const auto file = platform_.files.open(pathOf(u"brandinfo.txt"));
+  const auto file = platform_.files.open(pathOf(DirectoryFiles::brands));
   // From the first brand on nothing stops the load any more: a line that cannot be read or whose
   // key is taken adds nothing.
   bool brandSeen = false;
@@ -64,9 +66,8 @@ void RWKeyscoutController::loadBrands() {
     if (trimmed(line).empty()) continue;
     brandSeen = true;
     ignoringFailure([&] {
-      const StringView text{line};
-      module_.brandLookup->add(String{trimmed(columns(text, 11, 60))},
-                               trimmed(columns(text, 1, 50)));
+      const BrandLine<char16_t> brand{line};
+      module_.brandLookup->add(String{brand.text()}, brand.code());
     });
   }
 }

@@ -6,6 +6,7 @@
 #include "base/keyed_collection.h"
 #include "base/text.h"
 #include "shared/catalog_data.h"
+#include "shared/data_format/directory_files.h"
 
 namespace keyscout {
 
@@ -14,7 +15,7 @@ struct LookupFields {
   /// One record for each catalog number in the list, under that number.
   KeyedCollection<RWKeyscoutCatalogData> catalogEntries;
   /// Put behind a table number to name that table's file.
-  String tableFileExtension = u".txt";
+  String tableFileExtension{DirectoryFiles::tableExtension};
 
   /// Subscript of the table that the list is being filled from, -1 where no table covered the text.
   std::int16_t currentTableIndex = 0;

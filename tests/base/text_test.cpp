@@ -30,10 +30,10 @@ TEST(Text, TrimsSpacesAlone) {
 
 TEST(Text, TakesWhatALineHasOfItsColumns) {
   const StringView line = u"abcdef";
-  EXPECT_EQ(columns(line, 1, 3), u"abc");
-  EXPECT_EQ(columns(line, 5, 10), u"ef");
-  EXPECT_EQ(columns(line, 7, 10), u"");
-  EXPECT_EQ(columns(line, 100, 10), u"");
+  EXPECT_EQ(columns(line, {1, 3}), u"abc");
+  EXPECT_EQ(columns(line, {5, 10}), u"ef");
+  EXPECT_EQ(columns(line, {7, 10}), u"");
+  EXPECT_EQ(columns(line, {100, 10}), u"");
   EXPECT_EQ(lastColumns(line, 2), u"ef");
   EXPECT_EQ(lastColumns(line, 50), line);
 }

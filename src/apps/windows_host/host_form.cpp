@@ -9,6 +9,8 @@
 #include "platform/win32/wide.h"
 #include "platform/win32/win32_files.h"
 #include "server/com/failures.h"
+#include "shared/data_format/brand_line.h"
+#include "shared/data_format/directory_files.h"
 
 namespace keyscout {
 namespace {
@@ -27,14 +29,13 @@ constexpr DISPID updateEvent = 11;
 
 /// The brands of the catalog, for the user to choose from.
 std::vector<std::wstring> brandsIn(const std::wstring& directory) {
-  constexpr std::size_t codeWidth = 50;
   std::vector<std::wstring> brands;
   try {
     Win32Files files;
-    const auto file = files.open(fromWide(directory) + u"\\brandinfo.txt");
+    const auto file = files.open(fromWide(directory) + u"\\" + String{DirectoryFiles::brands});
     while (!file->atEnd()) {
       const String line = systemCodePage().decode(file->readLine());
-      const StringView code = trimmed(columns(StringView{line}, 1, codeWidth));
+      const StringView code = BrandLine<char16_t>{line}.code();
       if (!code.empty()) brands.push_back(toWide(code));
     }
   } catch (const Error&) {
@@ -139,7 +140,7 @@ void HostForm::startUp() {
                            __uuidof(_RWKeyscoutController), &created));
   controller_ = ComPtr<_RWKeyscoutController>::adopt(static_cast<_RWKeyscoutController*>(created));
   Bstr directory{fromWide(directory_)};
-  Bstr index{u"catindex.txt"};
+  Bstr index{DirectoryFiles::usualIndex};
   Bstr download{u"catalog.txt"};
   controller_->put_KeyscoutDirectory(directory.address());
   controller_->put_KeyscoutIndexFile(index.address());

@@ -5,9 +5,9 @@
 namespace keyscout {
 
 std::string_view CatalogLine::brand() const {
-  if (bytes_.size() + 1 < brandColumn)
+  if (bytes_.size() < minLength)
     throw platformFailure(PlatformError::invalidArgument, u"keyscoutControl");
-  return trimmed(bytes_.substr(brandColumn - 1));
+  return trimmed(bytes_.substr(minLength));
 }
 
 }  // namespace keyscout

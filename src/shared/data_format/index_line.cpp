@@ -3,17 +3,16 @@
 namespace keyscout {
 
 CatalogTableEntry parseIndexLine(StringView line) {
-  const auto field = [&](std::size_t first, std::size_t width) {
-    return String{trimmed(columns(line, first, width))};
-  };
+  const StringView first = columns(line, IndexColumns::firstEntry);
+  const StringView last = columns(line, IndexColumns::lastEntry);
   CatalogTableEntry entry;
-  entry.tableNumber = field(1, 10);
-  entry.firstIndex = field(11, 10);
-  entry.firstCatalog = field(21, 60);
-  entry.firstBrand = field(81, 50);
-  entry.lastIndex = field(131, 10);
-  entry.lastCatalog = field(141, 60);
-  entry.lastBrand = trimmed(lastColumns(line, 50));
+  entry.tableNumber = trimmed(columns(line, IndexColumns::tableNumber));
+  entry.firstIndex = trimmed(columns(first, RecordColumns::index));
+  entry.firstCatalog = trimmed(columns(first, RecordColumns::number));
+  entry.firstBrand = trimmed(columns(first, RecordColumns::brand));
+  entry.lastIndex = trimmed(columns(last, RecordColumns::index));
+  entry.lastCatalog = trimmed(columns(last, RecordColumns::number));
+  entry.lastBrand = trimmed(lastColumns(line, RecordColumns::brand.width));
   return entry;
 }
 

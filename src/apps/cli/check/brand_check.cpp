@@ -3,11 +3,13 @@
 #include "base/error.h"
 #include "base/letter_case.h"
 #include "base/utf8.h"
+#include "shared/data_format/brand_line.h"
+#include "shared/data_format/directory_files.h"
 
 namespace keyscout {
 namespace {
 
-const std::string fileName = "brandinfo.txt";
+const std::string fileName = toUtf8(DirectoryFiles::brands);
 
 // More distinct brands than any catalog has; beyond them some are reported more than once.
 constexpr std::size_t mostSettled = 65536;
@@ -15,8 +17,8 @@ constexpr std::size_t mostSettled = 65536;
 /// True when the columns of the key look like a code with a name behind it: blanks in their midst,
 /// or a word that begins exactly where the item's columns do.
 bool hasTextBehindCode(std::string_view line) {
-  constexpr std::size_t itemColumn = 11;
-  const std::string_view key = trimmed(columns(line, 1, 50));
+  constexpr std::size_t itemColumn = BrandLine<char>::textColumns.first;
+  const std::string_view key = BrandLine{line}.code();
   if (key.find("  ") != key.npos) return true;
   return line.size() >= itemColumn && line[itemColumn - 1] != ' ' && line[itemColumn - 2] == ' ' &&
          !trimmed(line.substr(0, itemColumn - 1)).empty();
@@ -41,7 +43,7 @@ void BrandCheck::readFile() {
 }
 
 void BrandCheck::checkLine(std::string_view bytes, std::uint64_t line) {
-  const std::string_view key = trimmed(columns(bytes, 1, 50));
+  const std::string_view key = BrandLine{bytes}.code();
   if (trimmed(bytes).empty()) return;
   if (key.empty()) {
     directory_.error(fileName, line, "has no brand in columns 1 to 50");

@@ -3,13 +3,12 @@
 #include "base/error.h"
 #include "base/numbers.h"
 #include "base/utf8.h"
+#include "shared/data_format/directory_files.h"
 #include "shared/data_format/index_line.h"
 #include "shared/keyscout_module.h"
 
 namespace keyscout {
 namespace {
-
-constexpr std::size_t completeLine = 250;
 
 class IndexCheck {
  public:
@@ -40,7 +39,7 @@ class IndexCheck {
       return;
     }
     IndexedTable table{parseIndexLine(text), line_, {}};
-    table.fileName = toUtf8(table.entry.tableNumber) + ".txt";
+    table.fileName = toUtf8(table.entry.tableNumber + String{DirectoryFiles::tableExtension});
     checkLength(text.size());
     checkTableNumber(table.entry);
     checkRange(table.entry);
@@ -48,7 +47,7 @@ class IndexCheck {
   }
 
   void checkLength(std::size_t length) {
-    if (length == completeLine) return;
+    if (length == IndexColumns::lineLength) return;
     directory_.warning(file_, line_,
                        "has " + std::to_string(length) +
                            " characters instead of 250; its last 50, whatever they hold, are taken "
@@ -60,7 +59,7 @@ class IndexCheck {
     if (entry.tableNumber == position) return;
     error("table number " + inQuotes(entry.tableNumber) + " stands at position " +
           toUtf8(position) + "; a lookup that goes on from the table before opens " +
-          toUtf8(position) + ".txt");
+          toUtf8(position + String{DirectoryFiles::tableExtension}));
   }
 
   void checkRange(const CatalogTableEntry& entry) {

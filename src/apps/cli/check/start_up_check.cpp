@@ -3,6 +3,8 @@
 #include "apps/cli/host/catalog_host.h"
 #include "apps/cli/path_text.h"
 #include "base/utf8.h"
+#include "shared/data_format/directory_files.h"
+#include "shared/data_format/record_columns.h"
 
 namespace keyscout {
 namespace {
@@ -32,13 +34,13 @@ void checkStartUp(const CheckedDirectory& directory) {
   RWKeyscoutController& controller = host.controller();
   host.configure(directory.names);
 
-  checkFile(directory, host, "catcontrol.txt",
+  checkFile(directory, host, toUtf8(DirectoryFiles::control),
             [&] { return controller.checkCatalogControlFile(); });
   const std::string& download = directory.names.downloadFile;
   if (download.empty()) {
-    directory.error(pathText(directory.names.path), 1,
-                    "holds no catalog download: no file in it begins with the line "
-                    "FORMAT=[INDEX(10)][CATALOG(60)][BRAND(50)]");
+    directory.error(
+        pathText(directory.names.path), 1,
+        "holds no catalog download: no file in it begins with the line " + toUtf8(downloadHeader));
     return;
   }
   checkFile(directory, host, download, [&] { return controller.checkDownloadVersion(); });

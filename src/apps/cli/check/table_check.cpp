@@ -8,8 +8,6 @@
 namespace keyscout {
 namespace {
 
-// A lookup takes the brand from the columns behind these.
-constexpr std::size_t shortestLine = 70;
 // So many digits are a 32-bit number, whatever they are.
 constexpr std::size_t surelyFitting = 9;
 
@@ -57,7 +55,7 @@ void TableCheck::readLines(const IndexedTable& table) {
 }
 
 void TableCheck::checkLine(std::string_view bytes) {
-  if (bytes.size() < shortestLine) {
+  if (bytes.size() < CatalogLine::minLength) {
     error("has " + std::to_string(bytes.size()) +
           " characters; a lookup that reads a line of less than 70 fails");
     return;
@@ -137,7 +135,7 @@ void TableCheck::checkAgainstIndex(const IndexedTable& table, const Place& found
   if (indexField != decoded(found.index))
     directory_.warning(index, table.line, sentence("index", indexField, decoded(found.index)));
   const String& brand = isFirst ? entry.firstBrand : entry.lastBrand;
-  const String heldBrand = decoded(found.brand.substr(0, 50));
+  const String heldBrand = decoded(found.brand.substr(0, RecordColumns::brand.width));
   if (brand != trimmed(heldBrand))
     directory_.warning(index, table.line, sentence("brand", brand, heldBrand));
 }

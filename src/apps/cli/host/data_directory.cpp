@@ -3,23 +3,20 @@
 #include <algorithm>
 #include <array>
 #include <fstream>
-#include <string_view>
 #include <vector>
 
 #include "apps/cli/path_text.h"
+#include "shared/data_format/record_columns.h"
 
 namespace keyscout {
 namespace {
 
-// The beginning that the headers of all formats have in common: a download of another format is
-// found as well, so that it is refused for that and not for being missing.
-constexpr std::string_view headerStart = "FORMAT=[";
-
+// A download of another format is found as well, so that it is refused for that and not for being
+// missing.
 bool beginsWithHeader(const std::filesystem::path& path) {
   std::ifstream file{path, std::ios::binary};
-  std::array<char, headerStart.size()> start{};
-  return file.read(start.data(), start.size()) &&
-         std::string_view{start.data(), start.size()} == headerStart;
+  std::array<char, downloadHeaderStart.size()> start{};
+  return file.read(start.data(), start.size()) && std::ranges::equal(start, downloadHeaderStart);
 }
 
 }  // namespace

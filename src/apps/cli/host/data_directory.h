@@ -3,13 +3,16 @@
 #include <filesystem>
 #include <string>
 
+#include "base/utf8.h"
+#include "shared/data_format/directory_files.h"
+
 namespace keyscout {
 
 /// Where a catalog lies and under which names a host looks for the two files that it may name as
 /// it likes.
 struct DataDirectory {
   std::filesystem::path path;
-  std::string indexFile = "catindex.txt";
+  std::string indexFile = toUtf8(DirectoryFiles::usualIndex);
   /// Empty where it has yet to be found.
   std::string downloadFile = {};
 };

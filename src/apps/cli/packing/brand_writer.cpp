@@ -1,6 +1,6 @@
 #include "apps/cli/packing/brand_writer.h"
 
-#include "apps/cli/packing/directory_files.h"
+#include "shared/data_format/directory_files.h"
 
 namespace keyscout {
 

@@ -2,6 +2,8 @@
 
 #include <filesystem>
 
+#include "base/text.h"
+
 namespace keyscout {
 
 /// Tells a host through the control file what becomes of the catalog in its directory: from the
@@ -19,7 +21,7 @@ class ControlFile {
   void setReady();
 
  private:
-  void write(const char* status) const;
+  void write(StringView status) const;
 
   std::filesystem::path path_;
   bool isReady_ = false;

@@ -6,6 +6,7 @@
 #include "apps/cli/path_text.h"
 #include "base/letter_case.h"
 #include "base/utf8.h"
+#include "shared/data_format/directory_files.h"
 #include "shared/keyscout_module.h"
 
 namespace keyscout {
@@ -17,7 +18,7 @@ bool isSameName(const std::string& a, const std::string& b) {
 
 bool isTableName(const std::string& name) {
   for (std::int16_t i = 0; i < keyscoutModule::catalogTableCapacity; ++i)
-    if (isSameName(name, DirectoryFiles::table(static_cast<std::uint64_t>(i)))) return true;
+    if (isSameName(name, tableFile(static_cast<std::uint64_t>(i)))) return true;
   return false;
 }
 
@@ -29,17 +30,16 @@ void checkName(const std::string& role, const std::string& name) {
   // A host puts the name behind the directory, where a backslash is a separator on every system.
   if (name.empty() || name == "." || name == ".." || name.find_first_of("/\\") != name.npos)
     throw refusal("must be the plain name of a file; give it another one.");
-  for (const char* taken :
-       {DirectoryFiles::control, DirectoryFiles::brands, DirectoryFiles::staging})
-    if (isSameName(name, taken))
+  for (const StringView taken : {DirectoryFiles::control, DirectoryFiles::brands, stagingFolder})
+    if (equalIgnoringCase(fromUtf8(name), taken))
       throw refusal("has the name of another file in the directory; give it another one.");
   if (isTableName(name)) throw refusal("has the name of a catalog table; give it another one.");
 }
 
 }  // namespace
 
-std::string DirectoryFiles::table(std::uint64_t position) {
-  return std::to_string(position) + ".txt";
+std::string tableFile(std::uint64_t position) {
+  return std::to_string(position) + toUtf8(DirectoryFiles::tableExtension);
 }
 
 void checkNames(const std::filesystem::path& download, const std::filesystem::path& index) {

@@ -14,8 +14,8 @@
 namespace keyscout {
 namespace {
 
-constexpr std::size_t leastRecord = indexWidth + numberWidth;
-constexpr std::size_t mostRecord = leastRecord + brandWidth;
+constexpr std::size_t leastRecord = CatalogLine::minLength;
+constexpr std::size_t mostRecord = RecordColumns::brand.end() - 1;
 
 InputFile openDownload(const std::filesystem::path& path) try {
   return InputFile{path};
@@ -42,8 +42,8 @@ DownloadReader::DownloadReader(const std::filesystem::path& path)
 void DownloadReader::readHeader() {
   const std::string_view header = file_.atEnd() ? std::string_view{} : readLine();
   line_ = 1;
-  if (windows1252().decode(header) != currentFormatHeader)
-    throw refusal("The first line must be exactly " + toUtf8(currentFormatHeader) +
+  if (windows1252().decode(header) != downloadHeader)
+    throw refusal("The first line must be exactly " + toUtf8(downloadHeader) +
                   "; download the catalog in this format.");
 }
 
@@ -61,7 +61,7 @@ bool DownloadReader::readRecord(DownloadRecord& record) {
 
     const CatalogLine fields{line};
     checkIndex(fields.index());
-    record = {line_, columns(line, 1, indexWidth), fields.catalogNumber(), fields.brand()};
+    record = {line_, columns(line, RecordColumns::index), fields.catalogNumber(), fields.brand()};
     if (record.number.empty())
       throw refusal(
           "The catalog number in columns 11 to 70 is blank; give the record one or remove "

@@ -91,6 +91,7 @@ class Packing {
       const LinePayload payload{record->payload};
       duplicates_.check({record->key, payload.line});
       order_.toText(record->key, number);
+      constexpr std::size_t indexWidth = RecordColumns::index.width;
       tables.add({payload.text.substr(0, indexWidth), number, payload.text.substr(indexWidth)});
       if (++written % recordsPerReport == 0) report("Writing", written, summary_.records);
     }
@@ -118,7 +119,7 @@ bool isSameFile(const std::filesystem::path& a, const std::filesystem::path& b) 
 
 void removeStaleTables(const std::filesystem::path& directory, std::uint64_t tables) {
   for (std::uint64_t i = tables; i < mostTables; ++i)
-    std::filesystem::remove(directory / DirectoryFiles::table(i));
+    std::filesystem::remove(directory / tableFile(i));
 }
 
 PackSummary packInto(const std::filesystem::path& directory, const PackOptions& options,

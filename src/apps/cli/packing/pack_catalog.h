@@ -8,13 +8,14 @@
 #include <string_view>
 
 #include "apps/cli/packing/pack_error.h"
+#include "shared/data_format/directory_files.h"
 
 namespace keyscout {
 
 struct PackOptions {
   std::filesystem::path download;
   std::filesystem::path directory;  // made where there is none
-  std::filesystem::path indexName = "catindex.txt";
+  std::filesystem::path indexName = DirectoryFiles::usualIndex;
   /// Unless given, 200 or as many as it takes to get by with the 1001 tables of an index.
   std::optional<std::uint64_t> linesPerTable;
   /// About what a pack of any size takes, in bytes, besides the distinct brands.

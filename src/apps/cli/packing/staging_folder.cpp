@@ -8,7 +8,7 @@
 namespace keyscout {
 
 StagingFolder::StagingFolder(const std::filesystem::path& directory)
-    : directory_(directory), root_(directory / DirectoryFiles::staging) {
+    : directory_(directory), root_(directory / stagingFolder) {
   std::filesystem::remove_all(root_);
   std::filesystem::create_directories(catalog());
   std::filesystem::create_directories(scratch());

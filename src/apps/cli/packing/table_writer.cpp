@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "apps/cli/packing/directory_files.h"
-#include "shared/data_format/record_columns.h"
+#include "shared/data_format/index_line.h"
 
 namespace keyscout {
 namespace {
@@ -16,13 +16,13 @@ void appendPadded(std::string& line, std::string_view text, std::size_t width) {
 }
 
 void appendIndexAndNumber(std::string& line, const TableRow& row) {
-  appendPadded(line, row.index, indexWidth);
-  appendPadded(line, row.number, numberWidth);
+  appendPadded(line, row.index, RecordColumns::index.width);
+  appendPadded(line, row.number, RecordColumns::number.width);
 }
 
 void appendIndexEntry(std::string& line, const TableRow& row) {
   appendIndexAndNumber(line, row);
-  appendPadded(line, row.brand, brandWidth);
+  appendPadded(line, row.brand, RecordColumns::brand.width);
 }
 
 }  // namespace
@@ -51,9 +51,9 @@ std::uint64_t TableWriter::finish() {
 }
 
 void TableWriter::beginTable(const TableRow& row) {
-  table_.emplace(folder_ / DirectoryFiles::table(tables_));
+  table_.emplace(folder_ / tableFile(tables_));
   indexLine_.clear();
-  appendPadded(indexLine_, std::to_string(tables_), indexWidth);
+  appendPadded(indexLine_, std::to_string(tables_), IndexColumns::tableNumber.width);
   appendIndexEntry(indexLine_, row);
 }
 

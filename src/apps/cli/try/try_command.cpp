@@ -11,6 +11,7 @@
 #include "apps/cli/path_text.h"
 #include "apps/cli/terminal.h"
 #include "apps/cli/try/try_host.h"
+#include "shared/data_format/directory_files.h"
 
 namespace keyscout {
 namespace {
@@ -21,7 +22,7 @@ std::filesystem::path sampleCatalog() {
   for (const std::filesystem::path path :
        {KEYSCOUT_INSTALLED_SAMPLE_CATALOG, KEYSCOUT_SAMPLE_CATALOG}) {
     std::error_code missing;
-    if (std::filesystem::exists(path / "catcontrol.txt", missing)) return path;
+    if (std::filesystem::exists(path / DirectoryFiles::control, missing)) return path;
   }
   return {};
 }
