@@ -20,7 +20,8 @@ namespace keyscout {
 /// `CatalogNumbersDownloadFile`, call `init`, then set `KeyscoutEnabled`.
 class RWKeyscoutController {
  public:
-  /// `platform` must outlive the controller, its object library also the thread's shared state.
+  /// `platform` must outlive the controller. The services that its object library makes are kept by
+  /// the thread's shared state, and so outlive both.
   explicit RWKeyscoutController(Platform& platform);
 
   // Configuration. Getting and setting never fail.
