@@ -29,7 +29,7 @@ void Win32List::applyFont() {
 void Win32List::fitToFont() {
   send(WM_SETFONT, asParameter<WPARAM>(site_.look().font()), TRUE);
   // The part that the text box hides is as high as the text box, so the list begins below it.
-  constexpr WPARAM selectionField = static_cast<WPARAM>(-1);
+  constexpr auto selectionField = static_cast<WPARAM>(-1);
   send(CB_SETITEMHEIGHT, 0, site_.look().lineHeight());
   fitDropDown();
   auto fieldHeight = static_cast<int>(send(CB_GETITEMHEIGHT, selectionField));

@@ -16,7 +16,7 @@ namespace keyscout {
 class Win32List final : public DropDownList {
  public:
   Win32List(WidgetSite& site, HWND parent, DropDownListObserver& observer);
-  ~Win32List();
+  ~Win32List() override;
 
   HWND window() const { return combo_.window(); }
   /// The part that drops down, a window of its own on the screen.

@@ -2,14 +2,10 @@
 
 #include "base/text.h"
 
-namespace keyscout {
-
 /// What a control file says of the download: ready where it begins with that word, in process or
 /// corrupt where it holds no more than the word.
-namespace ControlWords {
+namespace keyscout::ControlWords {
 inline constexpr StringView ready = u"READY";
 inline constexpr StringView inProcess = u"INPROCESS";
 inline constexpr StringView corrupt = u"CORRUPT";
-}  // namespace ControlWords
-
-}  // namespace keyscout
+}  // namespace keyscout::ControlWords

@@ -2,15 +2,11 @@
 
 #include "base/text.h"
 
-namespace keyscout {
-
 /// The files of a data directory, by name. Index and download may be named otherwise by the host.
-namespace DirectoryFiles {
+namespace keyscout::DirectoryFiles {
 inline constexpr StringView control = u"catcontrol.txt";
 inline constexpr StringView brands = u"brandinfo.txt";
 inline constexpr StringView usualIndex = u"catindex.txt";
 /// What follows the table's designation in the name of a catalog table file.
 inline constexpr StringView tableExtension = u".txt";
-}  // namespace DirectoryFiles
-
-}  // namespace keyscout
+}  // namespace keyscout::DirectoryFiles
