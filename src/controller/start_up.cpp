@@ -13,8 +13,9 @@ Boolean RWKeyscoutController::init() {
         tracer_.message(procedure, u"Calling keyscoutModule.authenticateRequiredProperties(" +
                                        KeyscoutDirectory() + u", " + KeyscoutIndexFile() + u", " +
                                        CatalogNumbersDownloadFile() + u")");
-        authenticateRequiredProperties(KeyscoutDirectory(), KeyscoutIndexFile(),
-                                       CatalogNumbersDownloadFile());
+        // Copies, since the trace service may change the settings meanwhile.
+        authenticateRequiredProperties(String{KeyscoutDirectory()}, String{KeyscoutIndexFile()},
+                                       String{CatalogNumbersDownloadFile()});
         if (!isKeyscoutAuthenticated())
           throw refusal(KeyscoutErrorCodes::AuthenticationFailed,
                         u"Keyscout failed to authenticate.");

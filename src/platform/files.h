@@ -14,7 +14,8 @@ class Files {
   virtual ~Files() = default;
 
   /// Opens a text file at its first line. Fails with file not found (53), path not found (76: a
-  /// directory on the way is missing), permission denied (70), or path or file access error (75).
+  /// directory on the way is missing), permission denied (70), or path or file access error (75:
+  /// anything but a regular file, a name with a NUL in it).
   virtual std::unique_ptr<SequentialFile> open(StringView path) = 0;
 
   /// True when a file of that name exists, hidden and read-only files included; a directory is

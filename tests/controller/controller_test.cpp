@@ -228,6 +228,24 @@ TEST_F(Controller, StartsUp) {
                      "< checkCatalogControlFile", "> initialize", "< initialize", "< init()"}));
 }
 
+TEST_F(Controller, StartsUpWithTheSettingsThatItFound) {
+  // The trace service is the host's, which may change settings in it.
+  struct Hook final : CallHook {
+    void onCall(std::string_view operation) override { act(operation); }
+    std::function<void(std::string_view)> act = [](std::string_view) {};
+  } hook;
+  Stage meddling{&hook};
+  meddling.controller.setKeyscoutDirectory(u"C:\\before\\");
+  meddling.controller.setKeyscoutIndexFile(u"index");
+  int entered = 0;
+  hook.act = [&](std::string_view operation) {
+    if (operation == "enterProcedure" && ++entered == 2)
+      meddling.controller.setKeyscoutDirectory(u"C:\\behind\\");
+  };
+  expectRefusal([&] { meddling.controller.init(); }, Codes::RequiredFilesMissing,
+                u"C:\\before\\ cannot be found.");
+}
+
 TEST_F(Controller, LocksWhenAStartUpFails) {
   controller.setIsInitialized(True);
   directory.write("download.txt", "0");

@@ -130,7 +130,16 @@ TEST(NativeFiles, FailsWithTheNumberOfTheReason) {
   EXPECT_TRUE(files.exists(here + u"0.txt"));
   EXPECT_FALSE(files.exists(here + u"missing.txt"));
   EXPECT_FALSE(files.exists(folder.hostPath()));
-  EXPECT_EQ(errorOf([&] { files.lastModified(here + u"missing.txt"); }), 53);
+  const auto dateError = [&](const String& path) {
+    return errorOf([&] { files.lastModified(path); });
+  };
+  EXPECT_EQ(dateError(here + u"0.txt"), 0);
+  EXPECT_EQ(dateError(here + u"missing.txt"), 53);
+  EXPECT_EQ(dateError(here), 75) << "what cannot be opened as a file has no date either";
+  const String cutShort = here + u"0.txt" + u'\0' + u"more";
+  EXPECT_EQ(openError(cutShort), 75);
+  EXPECT_EQ(dateError(cutShort), 75);
+  EXPECT_FALSE(files.exists(cutShort));
 }
 
 }  // namespace

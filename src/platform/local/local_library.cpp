@@ -1,5 +1,7 @@
 #include "platform/local/local_library.h"
 
+#include "platform/local/trace_services.h"
+
 namespace keyscout {
 namespace {
 
@@ -9,6 +11,9 @@ class FixedTitle final : public MessageTitleSource {
 };
 
 }  // namespace
+
+LocalLibrary::LocalLibrary(std::shared_ptr<TraceService> trace)
+    : trace_(trace ? std::move(trace) : std::make_shared<SilentTrace>()) {}
 
 std::shared_ptr<MessageTitleSource> LocalLibrary::createMessageTitleSource() {
   return std::make_shared<FixedTitle>();

@@ -14,7 +14,11 @@
 namespace keyscout {
 namespace {
 
+// The system would take the name to end there.
+bool hasNul(StringView path) { return path.find(u'\0') != path.npos; }
+
 std::string nativePath(StringView path) {
+  if (hasNul(path)) throw platformFailure(PlatformError::fileAccess, u"Files");
   std::string native = toUtf8(path);
   std::ranges::replace(native, '\\', '/');
   return native;
@@ -76,13 +80,15 @@ std::unique_ptr<SequentialFile> PosixFiles::open(StringView path) {
 
 bool PosixFiles::exists(StringView path) {
   struct stat status {};
-  return ::stat(nativePath(path).c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
+  return !hasNul(path) && ::stat(nativePath(path).c_str(), &status) == 0 &&
+         !S_ISDIR(status.st_mode);
 }
 
 std::chrono::sys_seconds PosixFiles::lastModified(StringView path) {
   const std::string native = nativePath(path);
   struct stat status {};
   if (::stat(native.c_str(), &status) != 0) throw fileFailure(errno, native);
+  if (!S_ISREG(status.st_mode)) throw platformFailure(PlatformError::fileAccess, u"Files");
   return std::chrono::sys_seconds{std::chrono::seconds{status.st_mtim.tv_sec}};
 }
 
