@@ -20,7 +20,6 @@ keyscoutControl::keyscoutControl(Platform& platform, ControlSurface& surface,
       surface_(surface),
       textBox_(surface.textBox()),
       events_(events),
-      module_(keyscoutModule::ofThisThread()),
       tracer_(platform.objectLibrary),
       lookup_(platform, *this) {
   surface_.setObservers(&surfaceForwarder_, &textBoxForwarder_);
@@ -35,13 +34,13 @@ String keyscoutControl::text() const { return textBox_.text(); }
 
 void keyscoutControl::setText(StringView value) {
   const HostCall call{surface_};
-  if (!module_.KeyscoutEnabled) {
+  if (!module_->KeyscoutEnabled) {
     textBox_.setText(value);
     return;
   }
-  module_.KeyscoutEnabled = False;
+  module_->KeyscoutEnabled = False;
   textBox_.setText(value);
-  module_.KeyscoutEnabled = True;
+  module_->KeyscoutEnabled = True;
 }
 
 std::int16_t keyscoutControl::selStart() const { return to16Bits(textBox_.selStart()); }
@@ -70,10 +69,10 @@ Boolean keyscoutControl::Locked() const { return textBox_.readOnly(); }
 void keyscoutControl::setLocked(Boolean value) { textBox_.setReadOnly(value); }
 
 void keyscoutControl::setAuthorizedBrands(BrandList* authroizedBrands) {
-  module_.authorizedBrands = authroizedBrands ? authroizedBrands->keyedCollection() : nullptr;
+  module_->authorizedBrands = authroizedBrands ? authroizedBrands->keyedCollection() : nullptr;
 }
 
-void keyscoutControl::lockKeyscout() { module_.KeyscoutLocked = True; }
+void keyscoutControl::lockKeyscout() { module_->KeyscoutLocked = True; }
 
 void keyscoutControl::raiseUpdateKeyscout() {
   raise([](auto& host) { host.UpdateKeyscout(); });

@@ -20,7 +20,9 @@ namespace keyscout {
 /// numbers below it. All controls on a thread share the state that `RWKeyscoutController` fills.
 ///
 /// Handlers of widget reports let no failure out. Of the members that the host calls, those that
-/// reach a widget fail with the widget's error.
+/// reach a widget fail with the widget's error. A control that outlives the state of its thread, as
+/// a static object does on the main thread, looks nothing up any more, and members that read or
+/// change that state fail with object not set (91).
 class keyscoutControl : private LookupClient {
  public:
   /// Takes the place of `surface`'s observer until it is destroyed. All three must outlive it.
@@ -143,7 +145,7 @@ class keyscoutControl : private LookupClient {
   ControlSurface& surface_;
   TextBox& textBox_;
   keyscoutControlEvents& events_;
-  keyscoutModule& module_;
+  SharedState module_;
   Tracer tracer_;
   ControlFields fields_;
   LookupEngine lookup_;

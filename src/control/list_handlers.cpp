@@ -21,7 +21,7 @@ void keyscoutControl::keyscoutList_KeyDown(std::int16_t& KeyCode, std::int16_t& 
       procedure,
       [&] {
         if (Shift == Modifier::alt && fields_.isListShowing) hideList();
-        if (!module_.KeyscoutLocked) answerListKey(KeyCode, Shift);
+        if (!module_->KeyscoutLocked) answerListKey(KeyCode, Shift);
       },
       [&](const Error& error) {
         closeAndLock();
@@ -36,7 +36,7 @@ void keyscoutControl::answerListKey(std::int16_t keyCode, std::int16_t shift) {
   if (keyCode == KeyCodes::enter) doit();
   if (keyCode == KeyCodes::down) {
     const std::int16_t selected = list().selectedIndex();
-    if (selected == list().entryCount() - 1) extendList(selected);
+    if (selected >= 0 && selected == list().entryCount() - 1) extendList(selected);
   }
   if (keyCode == KeyCodes::up && list().selectedIndex() == 0) returnToText();
   // The list then moves its selection as usual, and the click that it reports must not accept.
@@ -56,7 +56,7 @@ void keyscoutControl::keyscoutList_KeyUp(std::int16_t& /*KeyCode*/, std::int16_t
   tracer_.traced(
       procedure,
       [&] {
-        if (!module_.KeyscoutLocked) fields_.suppressAccept = False;
+        if (!module_->KeyscoutLocked) fields_.suppressAccept = False;
       },
       [&](const Error& error) {
         closeAndLock();
@@ -78,7 +78,7 @@ void keyscoutControl::keyscoutList_Click() {
   tracer_.traced(
       procedure,
       [&] {
-        if (!module_.KeyscoutLocked) doit();
+        if (!module_->KeyscoutLocked) doit();
       },
       [&](const Error&) { closeAndLock(); });
 }
@@ -123,7 +123,7 @@ void keyscoutControl::returnToText() {
 
 void keyscoutControl::closeAndLock() {
   hideList();
-  module_.KeyscoutLocked = True;
+  ignoringFailure([&] { module_->KeyscoutLocked = True; });
 }
 
 }  // namespace keyscout

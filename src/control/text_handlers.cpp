@@ -10,7 +10,7 @@ void keyscoutControl::keyscoutText_Change() {
       procedure,
       [&] {
         raise([](auto& host) { host.needBrand(); });
-        if (!module_.KeyscoutLocked) {
+        if (!module_->KeyscoutLocked) {
           if (!fields_.skipNextLookup) lookUpText();
           fields_.skipNextLookup = False;
         }
@@ -30,14 +30,16 @@ void keyscoutControl::lookUpText() {
   if (text.empty()) {
     lookup_.clearEndOfCatalogReached();
     hideList();
-  } else if (module_.KeyscoutEnabled && module_.isKeyscoutAuthenticated) {
+  } else if (list_ && module_->KeyscoutEnabled && module_->isKeyscoutAuthenticated) {
+    // Without a list the text came from elsewhere than from a person before it: a dictation, a form
+    // that is filled in.
     lookup_.keyInKeyscout(text, fields_.brand);
   }
   fields_.suppressAccept = False;
 }
 
 bool keyscoutControl::mayUseList() const {
-  return fields_.isListShowing && module_.KeyscoutEnabled && module_.isKeyscoutAuthenticated &&
+  return fields_.isListShowing && module_->KeyscoutEnabled && module_->isKeyscoutAuthenticated &&
          lookup_.fields().listLoaded;
 }
 
@@ -48,7 +50,7 @@ void keyscoutControl::keyscoutText_KeyDown(std::int16_t& KeyCode, std::int16_t& 
       procedure,
       [&] {
         if (Shift == Modifier::alt && fields_.isListShowing) hideList();
-        if (!module_.KeyscoutLocked) answerTextKey(KeyCode, Shift);
+        if (!module_->KeyscoutLocked) answerTextKey(KeyCode, Shift);
         if (!fields_.suppressKeyDownEvent) raise([&](auto& host) { host.KeyDown(KeyCode, Shift); });
         fields_.suppressKeyDownEvent = False;
       },

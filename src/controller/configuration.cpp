@@ -4,62 +4,60 @@
 namespace keyscout {
 
 RWKeyscoutController::RWKeyscoutController(Platform& platform)
-    : platform_(platform),
-      module_(keyscoutModule::ofThisThread()),
-      tracer_(platform.objectLibrary) {}
+    : platform_(platform), tracer_(platform.objectLibrary) {}
 
 const std::shared_ptr<BrandCollection>& RWKeyscoutController::authorizedBrands() const {
-  return module_.authorizedBrands;
+  return module_->authorizedBrands;
 }
 void RWKeyscoutController::setAuthorizedBrands(std::shared_ptr<BrandCollection> brands) {
-  module_.authorizedBrands = std::move(brands);
+  module_->authorizedBrands = std::move(brands);
 }
 
-const String& RWKeyscoutController::KeyscoutDirectory() const { return module_.KeyscoutDirectory; }
+const String& RWKeyscoutController::KeyscoutDirectory() const { return module_->KeyscoutDirectory; }
 void RWKeyscoutController::setKeyscoutDirectory(StringView directory) {
-  module_.KeyscoutDirectory = directory;
-  if (!directory.ends_with(u'\\')) module_.KeyscoutDirectory += u'\\';
+  module_->KeyscoutDirectory = directory;
+  if (!directory.ends_with(u'\\')) module_->KeyscoutDirectory += u'\\';
 }
 
-const String& RWKeyscoutController::KeyscoutIndexFile() const { return module_.KeyscoutIndexFile; }
+const String& RWKeyscoutController::KeyscoutIndexFile() const { return module_->KeyscoutIndexFile; }
 void RWKeyscoutController::setKeyscoutIndexFile(StringView name) {
-  module_.KeyscoutIndexFile = name;
+  module_->KeyscoutIndexFile = name;
 }
 
 const String& RWKeyscoutController::CatalogNumbersDownloadFile() const {
-  return module_.CatalogNumbersDownloadFile;
+  return module_->CatalogNumbersDownloadFile;
 }
 void RWKeyscoutController::setCatalogNumbersDownloadFile(StringView name) {
-  module_.CatalogNumbersDownloadFile = name;
+  module_->CatalogNumbersDownloadFile = name;
 }
 
-Boolean RWKeyscoutController::hasdataIntegrity() const { return module_.hasdataIntegrity; }
-void RWKeyscoutController::setHasdataIntegrity(Boolean value) { module_.hasdataIntegrity = value; }
+Boolean RWKeyscoutController::hasdataIntegrity() const { return module_->hasdataIntegrity; }
+void RWKeyscoutController::setHasdataIntegrity(Boolean value) { module_->hasdataIntegrity = value; }
 
-const String& RWKeyscoutController::updateURL() const { return module_.updateURL; }
-void RWKeyscoutController::setUpdateURL(StringView value) { module_.updateURL = value; }
+const String& RWKeyscoutController::updateURL() const { return module_->updateURL; }
+void RWKeyscoutController::setUpdateURL(StringView value) { module_->updateURL = value; }
 
-const String& RWKeyscoutController::updateURLFile() const { return module_.updateURLFile; }
-void RWKeyscoutController::setUpdateURLFile(StringView value) { module_.updateURLFile = value; }
+const String& RWKeyscoutController::updateURLFile() const { return module_->updateURLFile; }
+void RWKeyscoutController::setUpdateURLFile(StringView value) { module_->updateURLFile = value; }
 
-const String& RWKeyscoutController::updaterExe() const { return module_.updaterExe; }
-void RWKeyscoutController::setUpdaterExe(StringView value) { module_.updaterExe = value; }
+const String& RWKeyscoutController::updaterExe() const { return module_->updaterExe; }
+void RWKeyscoutController::setUpdaterExe(StringView value) { module_->updaterExe = value; }
 
-Boolean RWKeyscoutController::isInitialized() const { return module_.isInitialized; }
-void RWKeyscoutController::setIsInitialized(Boolean value) { module_.isInitialized = value; }
+Boolean RWKeyscoutController::isInitialized() const { return module_->isInitialized; }
+void RWKeyscoutController::setIsInitialized(Boolean value) { module_->isInitialized = value; }
 
 Boolean RWKeyscoutController::isKeyscoutAuthenticated() const {
-  return module_.isKeyscoutAuthenticated;
+  return module_->isKeyscoutAuthenticated;
 }
 void RWKeyscoutController::setIsKeyscoutAuthenticated(Boolean value) {
-  module_.isKeyscoutAuthenticated = value;
+  module_->isKeyscoutAuthenticated = value;
 }
 
-Boolean RWKeyscoutController::KeyscoutEnabled() const { return module_.KeyscoutEnabled; }
-void RWKeyscoutController::setKeyscoutEnabled(Boolean value) { module_.KeyscoutEnabled = value; }
+Boolean RWKeyscoutController::KeyscoutEnabled() const { return module_->KeyscoutEnabled; }
+void RWKeyscoutController::setKeyscoutEnabled(Boolean value) { module_->KeyscoutEnabled = value; }
 
-Boolean RWKeyscoutController::KeyscoutLocked() const { return module_.KeyscoutLocked; }
-void RWKeyscoutController::setKeyscoutLocked(Boolean value) { module_.KeyscoutLocked = value; }
+Boolean RWKeyscoutController::KeyscoutLocked() const { return module_->KeyscoutLocked; }
+void RWKeyscoutController::setKeyscoutLocked(Boolean value) { module_->KeyscoutLocked = value; }
 
 String RWKeyscoutController::pathOf(StringView fileName) const {
   return KeyscoutDirectory() + String{fileName};

@@ -71,7 +71,7 @@ Boolean RWKeyscoutController::resetLastTableNumber() {
   return tracer_.traced(
       procedure,
       [&]() -> Boolean {
-        module_.lastTableNumber = -1;
+        module_->lastTableNumber = -1;
         return True;
       },
       [&](const Error& error) -> Boolean {

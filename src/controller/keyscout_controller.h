@@ -14,7 +14,8 @@ namespace keyscout {
 
 /// Through this class the host configures the catalog data and brings lookups into service. It has
 /// no state of its own: every instance on a thread shows and changes the state that all controls
-/// on that thread share, so it can be released at any time.
+/// on that thread share, so it can be released at any time. Where an instance outlives that state,
+/// as a static object does on the main thread, its members fail with object not set (91).
 ///
 /// The order of a start: set `KeyscoutDirectory`, `KeyscoutIndexFile` and
 /// `CatalogNumbersDownloadFile`, call `init`, then set `KeyscoutEnabled`.
@@ -24,7 +25,7 @@ class RWKeyscoutController {
   /// the thread's shared state, and so outlive both.
   explicit RWKeyscoutController(Platform& platform);
 
-  // Configuration. Getting and setting never fail.
+  // Configuration. Getting and setting never fail otherwise.
 
   const std::shared_ptr<BrandCollection>& authorizedBrands() const;
   void setAuthorizedBrands(std::shared_ptr<BrandCollection> brands);
@@ -101,7 +102,7 @@ class RWKeyscoutController {
   void loadBrands();
 
   Platform& platform_;
-  keyscoutModule& module_;
+  SharedState module_;
   Tracer tracer_;
 };
 

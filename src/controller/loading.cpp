@@ -18,11 +18,11 @@ void RWKeyscoutController::initialize() {
   Tracer::guarded(
       [&] {
         tracer_.enter(procedure);
-        module_.brandLookup.emplace();
+        module_->brandLookup.emplace();
         loadIndex();
         loadBrands();
         setIsInitialized(True);
-        if (module_.brandLookup->count() == 0) {
+        if (module_->brandLookup->count() == 0) {
           tracer_.exit(procedure);
         } else {
           ignoringFailure([&] { tracer_.exit(procedure); });
@@ -32,18 +32,18 @@ void RWKeyscoutController::initialize() {
 }
 
 void RWKeyscoutController::loadIndex() {
-  module_.catalogTableCount = 0;
+  module_->catalogTableCount = 0;
   const auto file = platform_.files.open(pathOf(KeyscoutIndexFile()));
-  module_.catalogTableIndex.resize(keyscoutModule::catalogTableCapacity);
+  module_->catalogTableIndex.resize(keyscoutModule::catalogTableCapacity);
   String line;
   while (!file->atEnd()) {
     platform_.codePage.decode(file->readLine(), line);
     if (trimmed(line).empty()) continue;
-    if (module_.catalogTableCount >= keyscoutModule::catalogTableCapacity)
+    if (module_->catalogTableCount >= keyscoutModule::catalogTableCapacity)
       throw platformFailure(PlatformError::subscriptOutOfRange, controllerClass);
-    module_.catalogTableIndex[static_cast<std::size_t>(module_.catalogTableCount)] =
+    module_->catalogTableIndex[static_cast<std::size_t>(module_->catalogTableCount)] =
         parseIndexLine(line);
-    ++module_.catalogTableCount;
+    ++module_->catalogTableCount;
   }
 }
 
@@ -67,7 +67,7 @@ void RWKeyscoutController::loadBrands() {
     brandSeen = true;
     ignoringFailure([&] {
       const BrandLine<char16_t> brand{line};
-      module_.brandLookup->add(String{brand.text()}, brand.code());
+      module_->brandLookup->add(String{brand.text()}, brand.code());
     });
   }
 }

@@ -20,21 +20,22 @@ std::int16_t LookupEngine::findTableNumber(String& key) noexcept {
 /// The subscript of the table that covers `key`, -1 where none does. People type on near to where
 /// they were, so the search starts where this control's last one ended.
 std::int16_t LookupEngine::searchIndex(const String& key) {
-  if (module_.lastTableNumber == -1) {
+  keyscoutModule& module = *module_;
+  if (module.lastTableNumber == -1) {
     fields_.tableSearchStart = 0;
-    module_.lastTableNumber = 0;
+    module.lastTableNumber = 0;
   }
 
   std::int16_t i = fields_.tableSearchStart;
-  const auto isBehindTable = [&] { return key > module_.getLastCatalog(i); };
+  const auto isBehindTable = [&] { return key > module.getLastCatalog(i); };
   const auto isBehindWholeTable = [&] {
-    return isBehindTable() && key > module_.getFirstCatalog(i);
+    return isBehindTable() && key > module.getFirstCatalog(i);
   };
 
   while (!isBehindWholeTable() && i > 0) --i;
   while (isBehindTable()) {
     ++i;
-    if (i == module_.getTableCount()) return -1;
+    if (i == module.getTableCount()) return -1;
   }
   fields_.tableSearchStart = i;
   return i;

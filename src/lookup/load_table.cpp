@@ -32,7 +32,7 @@ void LookupEngine::loadKeyscoutCombo(const String& key, std::int16_t maxCount,
 
 /// False when the catalog ended before the list had `maxCount` entries.
 bool LookupEngine::fillList(const String& key, std::int16_t maxCount, const String& brandFilter) {
-  const String path = tablePath(module_.getTableNumber(fields_.currentTableIndex));
+  const String path = tablePath(module_->getTableNumber(fields_.currentTableIndex));
   fields_.listLoaded = True;
   auto file = platform_.files.open(path);
   fields_.tableLoadPending = False;
@@ -60,7 +60,7 @@ bool LookupEngine::fillList(const String& key, std::int16_t maxCount, const Stri
     }
     file.reset();
     ++fields_.currentTableIndex;
-    if (fields_.currentTableIndex >= module_.getTableCount()) {
+    if (fields_.currentTableIndex >= module_->getTableCount()) {
       markEndOfCatalog();
       return false;
     }
@@ -88,7 +88,7 @@ void LookupEngine::markEndOfCatalog() {
 }
 
 String LookupEngine::tablePath(StringView designation) const {
-  return module_.KeyscoutDirectory + String{designation} + fields_.tableFileExtension;
+  return module_->KeyscoutDirectory + String{designation} + fields_.tableFileExtension;
 }
 
 /// Adds the line's catalog number to the list when the brand filter and the authorized brands admit
@@ -99,7 +99,7 @@ void LookupEngine::offer(std::string_view bytes, const String& brandFilter) {
   if (!brandFilter.empty() && brandFilter != offeredBrand_) return;
   platform_.codePage.decode(line.catalogNumber(), offeredNumber_);
   if (collectionHasKey(fields_.catalogEntries, offeredNumber_)) return;
-  if (!isAuthorizedBrand(module_, offeredBrand_)) return;
+  if (!isAuthorizedBrand(*module_, offeredBrand_)) return;
 
   client_.list().append(offeredNumber_);
   fields_.catalogEntries.add(

@@ -56,7 +56,7 @@ class LookupEngine {
 
   Platform& platform_;
   LookupClient& client_;
-  keyscoutModule& module_;
+  SharedState module_;
   Tracer tracer_;
   LookupFields fields_;
   // Kept between lines so that a line that is offered costs no memory of its own.

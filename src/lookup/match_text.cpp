@@ -18,10 +18,7 @@ constexpr StringView failureText =
 }  // namespace
 
 LookupEngine::LookupEngine(Platform& platform, LookupClient& client)
-    : platform_(platform),
-      client_(client),
-      module_(keyscoutModule::ofThisThread()),
-      tracer_(platform.objectLibrary) {}
+    : platform_(platform), client_(client), tracer_(platform.objectLibrary) {}
 
 void LookupEngine::keyInKeyscout(String& text, const String& brand) {
   Tracer::guarded([&] { matchText(text, brand); }, [&](const Error&) { respondToFailure(); });
@@ -35,7 +32,7 @@ void LookupEngine::scrollDownKeyscoutWithBrand(const String& catalogNumber, cons
 void LookupEngine::matchText(String& text, const String& brand) {
   tracer_.enter(keyIn);
   const bool hasGrown = text.size() > fields_.lastLookupText.size();
-  if (module_.KeyscoutLocked || (hasGrown && fields_.endOfCatalogReached)) {
+  if (module_->KeyscoutLocked || (hasGrown && fields_.endOfCatalogReached)) {
     tracer_.exit(keyIn);
     return;
   }
@@ -59,7 +56,8 @@ void LookupEngine::matchText(String& text, const String& brand) {
     return finish();
   }
   if (client_.typedText().empty()) {
-    closeUnloadedList();
+    fields_.listLoaded = False;
+    client_.hideList();
     return finish();
   }
   if (isUnknownBrand(brand)) {
@@ -82,7 +80,7 @@ void LookupEngine::matchText(String& text, const String& brand) {
 
 void LookupEngine::extendList(const String& catalogNumber, const String& brand) {
   tracer_.enter(scrollDown);
-  if (module_.KeyscoutLocked || fields_.endOfCatalogReached) {
+  if (module_->KeyscoutLocked || fields_.endOfCatalogReached) {
     tracer_.exit(scrollDown);
     return;
   }
@@ -124,7 +122,7 @@ void LookupEngine::emptyList() {
 
 bool LookupEngine::isUnknownBrand(const String& brand) const noexcept {
   try {
-    return !brand.empty() && module_.brandLookup && !module_.brandLookup->contains(brand);
+    return !brand.empty() && module_->brandLookup && !module_->brandLookup->contains(brand);
   } catch (...) {
     return false;
   }
@@ -139,12 +137,12 @@ void LookupEngine::respondToFailure() noexcept {
   // Whatever failed may fail again, and each of these steps counts for itself.
   ignoringFailure([&] { client_.list().setRedraw(true); });
   ignoringFailure([&] { client_.hideList(); });
-  module_.KeyscoutLocked = True;
+  ignoringFailure([&] { module_->KeyscoutLocked = True; });
   ignoringFailure([&] { askForUpdate(); });
 }
 
 void LookupEngine::askForUpdate() {
-  auto& titles = module_.messageTitleSource;
+  auto& titles = module_->messageTitleSource;
   if (!titles) titles = platform_.objectLibrary.createMessageTitleSource();
   const auto answer = platform_.messageBox.show(
       failureText, MessageBoxStyle::yesNo | MessageBoxStyle::information, titles->titleText());

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 namespace keyscout {
 
 /// One object for each thread, made by whoever first needs it and destroyed when the thread ends.
@@ -8,15 +10,16 @@ namespace keyscout {
 struct ThreadSlot {
   void* object = nullptr;
   void (*destroy)(void* object) = nullptr;
+  /// The thread is at its end: its object is gone, and no other may be made.
+  bool isOver = false;
 
   static ThreadSlot& ofThisThread();
 
-  /// Destroys the calling thread's object, where there is one.
-  static void releaseThisThread() {
-    ThreadSlot& slot = ofThisThread();
-    if (slot.object) slot.destroy(slot.object);
-    slot = {};
+  /// Destroys the object, where there is one.
+  void release() {
+    if (void* const released = std::exchange(object, nullptr)) destroy(released);
   }
+  static void releaseThisThread() { ofThisThread().release(); }
 };
 
 }  // namespace keyscout

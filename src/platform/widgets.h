@@ -68,7 +68,8 @@ class DropDownListObserver {
   virtual void keyUp(std::int16_t& keyCode, std::int16_t& shift) = 0;
   /// The selection changed: a click on an entry, a key, or code that set the selected index.
   virtual void clicked() = 0;
-  /// The text of the list's own edit part changed.
+  /// The text of the list's own edit part changed, by a character that a person typed. Where the
+  /// same control's text box has the focus afterwards, the character goes on to it.
   virtual void editChanged() = 0;
 };
 
@@ -138,7 +139,8 @@ class DropDownList {
   virtual void clear() = 0;
   virtual String entryText(std::int16_t entry) const = 0;
   virtual std::int16_t selectedIndex() const = 0;
-  /// Reports one click, also where the entry is selected already.
+  /// Reports one click, also where the entry is selected already. Selecting entry 0 of a list
+  /// without entries selects nothing and reports nothing.
   virtual void select(std::int16_t entry) = 0;
 
   virtual void setFocus() = 0;

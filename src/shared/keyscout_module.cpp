@@ -6,6 +6,7 @@ namespace keyscout {
 
 keyscoutModule& keyscoutModule::ofThisThread() {
   ThreadSlot& slot = ThreadSlot::ofThisThread();
+  if (slot.isOver) throw platformFailure(PlatformError::objectNotSet, u"keyscoutModule");
   if (!slot.object) {
     slot.object = new keyscoutModule;
     slot.destroy = [](void* object) { delete static_cast<keyscoutModule*>(object); };

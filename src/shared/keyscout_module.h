@@ -20,7 +20,8 @@ struct keyscoutModule {
   /// Subscripts of the catalog index run from 0 to 1000.
   static constexpr std::int16_t catalogTableCapacity = 1001;
 
-  /// The calling thread's own state.
+  /// The calling thread's own state. Fails with object not set (91) once the thread has given it
+  /// up, as the main thread has when destructors of static objects run.
   static keyscoutModule& ofThisThread();
 
   /// Brands that a control may be asked to look up; absent until the first load.
@@ -76,6 +77,14 @@ struct keyscoutModule {
     if (subscript >= catalogTableIndex.size()) return {};
     return trimmed(catalogTableIndex[subscript].*member);
   }
+};
+
+/// The calling thread's state as a member of an object, which may outlive it: it is looked for at
+/// each use, and one that is gone is an error instead of a reference to nothing.
+class SharedState {
+ public:
+  keyscoutModule& operator*() const { return keyscoutModule::ofThisThread(); }
+  keyscoutModule* operator->() const { return &keyscoutModule::ofThisThread(); }
 };
 
 }  // namespace keyscout

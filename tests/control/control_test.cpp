@@ -185,13 +185,54 @@ TEST_F(Control, LeavesFillerLinesAlone) {
   EXPECT_FALSE(control->isDropped());
 }
 
-TEST_F(Control, TypingInTheListReturnsToTheText) {
+TEST_F(Control, LosesNothingThatIsTypedInTheList) {
   stage.type(u"a");
   press({{KeyCodes::down, 0}});
-  stage.type(u"x");
+  control->events.take();
+  stage.type(u"01");
   EXPECT_EQ(focus(), "text");
+  EXPECT_EQ(control->text(), "a01");
+  ASSERT_FALSE(control->entries().empty());
+  EXPECT_EQ(control->entries().front(), "A010");
   EXPECT_TRUE(control->isDropped());
-  EXPECT_EQ(control->text(), "a");
+  EXPECT_EQ(control->events.take(), (Strings{"needBrand", "Change", "KeyUp(48)", "KeyDown(49)",
+                                             "needBrand", "Change", "KeyUp(49)"}))
+      << "the first key goes down in the list, which tells the host nothing";
+}
+
+TEST_F(Control, LocksNobodyOutForKeysInAnEmptyList) {
+  stage.type(u"a");
+  control->control.setSelStart(0);
+  control->control.setSelLength(1);
+  stage.form->paste(u"z");  // above every number: the list stays open with nothing in it
+  ASSERT_TRUE(control->isDropped());
+  ASSERT_EQ(control->entries(), Strings{});
+  for (const std::int16_t key : {KeyCodes::down, KeyCodes::down, KeyCodes::pageDown, KeyCodes::up,
+                                 KeyCodes::end, KeyCodes::enter}) {
+    press({{key, 0}});
+    EXPECT_EQ(focus(), "list") << key;
+    EXPECT_EQ(control->selected(), -1) << key;
+  }
+  EXPECT_FALSE(stage.controller.KeyscoutLocked());
+  stage.press(KeyCodes::escape);
+  stage.focus(*control);
+  stage.press(KeyCodes::backspace);
+  stage.type(u"b");
+  ASSERT_FALSE(control->entries().empty());
+  EXPECT_EQ(control->entries().front(), "B000");
+}
+
+TEST_F(Control, LooksNothingUpForTextThatComesWithoutTheFocus) {
+  stage.form->leaveFocus();
+  control->surface->textBox().setText(u"a0");
+  EXPECT_EQ(control->events.take(), (Strings{"needBrand", "Change"}));
+  EXPECT_FALSE(stage.controller.KeyscoutLocked());
+  EXPECT_TRUE(stage.box.texts.empty());
+  stage.focus(*control);
+  stage.press(KeyCodes::end);
+  stage.type(u"1");
+  ASSERT_FALSE(control->entries().empty());
+  EXPECT_EQ(control->entries().front(), "A010");
 }
 
 TEST_F(Control, LooksNothingUpUnlessServing) {

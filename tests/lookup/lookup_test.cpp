@@ -167,6 +167,72 @@ TEST_F(Lookup, RefusesBrandsThatTheBrandFileDoesNotHold) {
   EXPECT_TRUE(fields().tableLoadPending) << "nothing is refused before brands are loaded";
 }
 
+TEST(LookupThatIsRefused, ClosesTheListBeforeOrAfterItIsCalledUnloaded) {
+  const DataDirectory directory{{series("A", 20), series("B", 20)}};
+  struct Case {
+    std::string name;
+    std::function<void(Stage&, StagedControl&, std::function<void()>&)> act;
+    bool loadedAtClosing;
+  };
+  const auto toLastEntry = [](Stage& stage) {
+    for (const std::int16_t key : {KeyCodes::down, KeyCodes::pageDown, KeyCodes::pageDown})
+      stage.press(key);
+  };
+  const Case cases[] = {
+      {"typing, and the text is emptied meanwhile",
+       [](Stage& stage, StagedControl& control, std::function<void()>& whenDrawingStops) {
+         control.control.setSelStart(0);
+         control.control.setSelLength(1);
+         whenDrawingStops = [&] { control.surface->textBox().setText(u""); };
+         stage.form->paste(u"b");
+       },
+       false},
+      {"typing with a brand that is not known",
+       [](Stage& stage, StagedControl& control, std::function<void()>&) {
+         control.control.setBrand(u"NOBODY");
+         stage.type(u"2");
+       },
+       true},
+      {"scrolling, and the text is empty",
+       [&](Stage& stage, StagedControl& control, std::function<void()>&) {
+         toLastEntry(stage);
+         control.control.setText(u"");
+         stage.press(KeyCodes::down);
+       },
+       true},
+      {"scrolling with a brand that is not known",
+       [&](Stage& stage, StagedControl& control, std::function<void()>&) {
+         toLastEntry(stage);
+         control.control.setBrand(u"NOBODY");
+         stage.press(KeyCodes::down);
+       },
+       true},
+  };
+  for (const Case& c : cases) {
+    struct Hook final : CallHook {
+      void onCall(std::string_view operation) override {
+        if (operation == "setRedraw") std::exchange(whenDrawingStops, [] {})();
+        if (operation == "showDropDown" && control) loaded = control->lookupFields().listLoaded;
+      }
+      std::function<void()> whenDrawingStops = [] {};
+      const keyscoutControl* control = nullptr;
+      Boolean loaded;
+    } hook;
+    Stage stage{&hook};
+    stage.start(directory);
+    const auto control = stage.addControl();
+    stage.focus(*control);
+    stage.type(u"a");
+    hook.control = &control->control;
+    c.act(stage, *control, hook.whenDrawingStops);
+    EXPECT_EQ(static_cast<bool>(hook.loaded), c.loadedAtClosing) << c.name;
+    EXPECT_FALSE(control->control.lookupFields().listLoaded) << c.name;
+    EXPECT_FALSE(control->isDropped()) << c.name;
+    EXPECT_FALSE(stage.controller.KeyscoutLocked()) << c.name;
+    hook.control = nullptr;
+  }
+}
+
 TEST_F(Lookup, KeepsWhatStillFitsAGrownText) {
   open({series("A", 30)});
   enter(u"A");

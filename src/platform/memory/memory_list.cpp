@@ -46,6 +46,7 @@ String MemoryList::entryText(std::int16_t entry) const {
 
 void MemoryList::select(std::int16_t entry) {
   form_.onCall("select");
+  if (entry == 0 && entries_.empty()) return;
   if (entry != -1 && !isEntry(entry)) refuseEntry();
   selected_ = entry;
   reportClick();

@@ -74,8 +74,9 @@ bool MemorySurface::keyDown(FocusPlace place, std::int16_t keyCode, std::int16_t
 }
 
 void MemorySurface::keyPress(FocusPlace place, char16_t character) {
-  if (place == FocusPlace::textBox) textBox_.keyPress(character);
   if (const auto list = list_; place == FocusPlace::list) list->keyPress(character);
+  // Typing in the list gives the focus back to the text, where the character belongs.
+  if (focusPlace() == FocusPlace::textBox) textBox_.keyPress(character);
 }
 
 void MemorySurface::keyUp(FocusPlace place, std::int16_t keyCode, std::int16_t shift) {

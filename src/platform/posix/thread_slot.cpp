@@ -3,16 +3,21 @@
 namespace keyscout {
 namespace {
 
-struct OwningSlot : ThreadSlot {
-  ~OwningSlot() {
-    if (object) destroy(object);
+struct EndOfThread {
+  ThreadSlot& slot;
+
+  ~EndOfThread() {
+    slot.isOver = true;
+    slot.release();
   }
 };
 
 }  // namespace
 
 ThreadSlot& ThreadSlot::ofThisThread() {
-  thread_local OwningSlot slot;
+  // Without a destructor of its own, so that whatever the thread destroys later still finds it.
+  thread_local constinit ThreadSlot slot;
+  thread_local const EndOfThread end{slot};
   return slot;
 }
 
