@@ -43,6 +43,8 @@ void endThread() noexcept {
 
 using namespace keyscout;
 
+extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD, LPVOID);  // no header of the system has it
+
 extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, LPVOID processEnds) {
   switch (reason) {
     case DLL_THREAD_DETACH: endThread(); break;

@@ -173,7 +173,7 @@ void Win32List::showDropDown(bool show) {
 }
 
 void Win32List::setRedraw(bool redraw) {
-  constexpr WPARAM on = static_cast<WPARAM>(-1);
+  constexpr auto on = static_cast<WPARAM>(-1);
   redraws_ = redraw;
   SendMessageA(window(), setRedrawMessage, redraw ? on : 0, 0);
   if (!redraw) return;

@@ -82,8 +82,7 @@ HRESULT ConnectionPoint::EnumConnections(IEnumConnections** result) {
 }
 
 ComPtr<IEnumConnectionPoints> enumerate(const std::vector<IConnectionPoint*>& points) {
-  std::vector<ComPtr<IConnectionPoint>> kept;
-  for (IConnectionPoint* point : points) kept.emplace_back(point);
+  std::vector<ComPtr<IConnectionPoint>> kept(points.begin(), points.end());
   return ComPtr<IEnumConnectionPoints>::adopt(
       makeObject<PointEnumerator>(std::move(kept)).detach());
 }

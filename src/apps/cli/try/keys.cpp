@@ -104,7 +104,7 @@ Input escapeKey() {
                 : next < 32          ? controlKey(next)
                                      : keyOf(static_cast<char32_t>(next));
   input.shift |= Modifier::alt;
-  input.character = 0;
+  input.character = input.secondUnit = 0;
   return input;
 }
 
