@@ -11,7 +11,8 @@ endfunction()
 file(REMOVE_RECURSE ${WORK})
 run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${WORK}/prefix)
 run(${CMAKE_COMMAND} -G ${GENERATOR} -S ${SOURCE}/examples/host -B ${WORK}/host
-  -DCMAKE_PREFIX_PATH=${WORK}/prefix -DCMAKE_CXX_FLAGS=${CXX_FLAGS})
+  -DCMAKE_PREFIX_PATH=${WORK}/prefix -DCMAKE_CXX_COMPILER=${COMPILER}
+  -DCMAKE_CXX_FLAGS=${CXX_FLAGS})
 run(${CMAKE_COMMAND} --build ${WORK}/host)
 run(${WORK}/host/example_host ${BUILD}/samples/catalog bt15)
 string(REGEX MATCHALL "[^\n]+" numbers "${output}")

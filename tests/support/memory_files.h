@@ -1,0 +1,61 @@
+#pragma once
+
+#include <algorithm>
+#include <chrono>
+#include <cstring>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "base/error.h"
+#include "platform/files.h"
+
+namespace keyscout::test {
+
+/// Files in memory, under whatever folder. They come in pieces of any size, and a read may be told
+/// to fail.
+class MemoryFiles final : public Files {
+ public:
+  void put(StringView name, std::string_view bytes) { contents_[String{name}] = bytes; }
+
+  /// The most that one read brings.
+  std::size_t piece = 4096;
+  /// How many reads succeed before one fails; below 0 none does.
+  int readsBeforeFailure = -1;
+
+  std::unique_ptr<SequentialFile> open(StringView path) override {
+    const std::string* const bytes = find(path);
+    if (!bytes) throw platformFailure(PlatformError::fileNotFound, u"Files");
+    return std::make_unique<File>(*this, *bytes);
+  }
+  bool exists(StringView path) override { return find(path) != nullptr; }
+  std::chrono::sys_seconds lastModified(StringView) override { return {}; }
+
+ private:
+  class File final : public SequentialFile {
+   public:
+    File(MemoryFiles& files, std::string_view bytes) : files_(files), left_(bytes) {}
+
+   private:
+    std::size_t read(char* to, std::size_t room) override {
+      if (files_.readsBeforeFailure >= 0 && files_.readsBeforeFailure-- == 0)
+        throw platformFailure(PlatformError::fileAccess, u"Files");
+      const std::size_t count = std::min({room, files_.piece, left_.size()});
+      std::memcpy(to, left_.data(), count);
+      left_.remove_prefix(count);
+      return count;
+    }
+
+    MemoryFiles& files_;
+    std::string_view left_;
+  };
+
+  const std::string* find(StringView path) const {
+    const auto found = contents_.find(String{path.substr(path.rfind(u'\\') + 1)});
+    return found == contents_.end() ? nullptr : &found->second;
+  }
+
+  std::map<String, std::string> contents_;
+};
+
+}  // namespace keyscout::test
