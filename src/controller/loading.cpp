@@ -9,7 +9,7 @@ namespace {
 
 // A brand file that cannot be read on fails the same way at every try; the load then goes on
 // without the rest of it.
-constexpr int mostFailuresInARow = 100;
+constexpr int maxFailuresInARow = 100;
 
 }  // namespace
 
@@ -54,7 +54,7 @@ void RWKeyscoutController::loadBrands() {
   bool brandSeen = false;
   int failuresInARow = 0;
   String line;
-  while (!file->atEnd() && failuresInARow < mostFailuresInARow) {
+  while (!file->atEnd() && failuresInARow < maxFailuresInARow) {
     try {
       platform_.codePage.decode(file->readLine(), line);
     } catch (...) {

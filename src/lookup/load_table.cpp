@@ -7,7 +7,7 @@
 namespace keyscout {
 namespace {
 
-constexpr std::int16_t mostEntries = 999;
+constexpr std::int16_t maxEntries = 999;
 constexpr std::int16_t fillerEntries = 8;
 
 }  // namespace
@@ -40,7 +40,7 @@ bool LookupEngine::fillList(const String& key, std::int16_t maxCount, const Stri
   DropDownList& list = client_.list();
   const auto isFull = [&] {
     const std::int16_t count = list.entryCount();
-    return count >= maxCount || count >= mostEntries;
+    return count >= maxCount || count >= maxEntries;
   };
 
   if (isFull()) return true;

@@ -33,14 +33,14 @@ void FocusTracker::leave() { change({}); }
 void FocusTracker::change(Focus next) {
   if (next == focus_) return;
   const Hold hold{*this};
-  const Focus last = std::exchange(focus_, next);
-  const bool leaves = last.control != next.control;
+  const Focus previous = std::exchange(focus_, next);
+  const bool leaves = previous.control != next.control;
 
-  if (last.control && last.place == FocusPlace::textBox)
-    waiting_.push_back({last.control, &FocusObserver::textBoxLostFocus});
-  if (last.control && last.place == FocusPlace::surface)
-    waiting_.push_back({last.control, &FocusObserver::surfaceLostFocus});
-  if (last.control && leaves) waiting_.push_back({last.control, &FocusObserver::focusLeft});
+  if (previous.control && previous.place == FocusPlace::textBox)
+    waiting_.push_back({previous.control, &FocusObserver::textBoxLostFocus});
+  if (previous.control && previous.place == FocusPlace::surface)
+    waiting_.push_back({previous.control, &FocusObserver::surfaceLostFocus});
+  if (previous.control && leaves) waiting_.push_back({previous.control, &FocusObserver::focusLeft});
   if (next.control && next.place == FocusPlace::textBox)
     waiting_.push_back({next.control, &FocusObserver::textBoxGotFocus});
 }

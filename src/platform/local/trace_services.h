@@ -28,7 +28,7 @@ struct TraceCall {
   String text;         // the message, or the error's description
   String errorSource;  // of an error only
   std::int32_t errorNumber = 0;
-  std::int32_t last = 0;  // the trace level, or the line of an error
+  std::int32_t levelOrLine = 0;  // the trace level, or the line of an error
 };
 
 /// The name of the operation that was called.

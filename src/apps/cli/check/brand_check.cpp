@@ -12,7 +12,7 @@ namespace {
 const std::string fileName = toUtf8(DirectoryFiles::brands);
 
 // More distinct brands than any catalog has; beyond them some are reported more than once.
-constexpr std::size_t mostSettled = 65536;
+constexpr std::size_t maxSettled = 65536;
 
 /// True when the columns of the key look like a code with a name behind it: blanks in their midst,
 /// or a word that begins exactly where the item's columns do.
@@ -71,7 +71,7 @@ void BrandCheck::check(std::string_view brand, const std::string& file, std::uin
   if (brand == latest_) return;
   latest_ = brand;
   if (settled_.contains(brand)) return;
-  if (settled_.size() == mostSettled) settled_.clear();
+  if (settled_.size() == maxSettled) settled_.clear();
   settled_.emplace(brand);
   compare(brand, file, line);
 }

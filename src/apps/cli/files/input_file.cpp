@@ -8,7 +8,7 @@ namespace keyscout {
 namespace {
 
 // The reader's buffer doubles while one line fills it, so its free room tells how long a line is.
-constexpr std::size_t mostRoom = std::size_t{4} * 1024 * 1024;
+constexpr std::size_t maxRoom = std::size_t{4} * 1024 * 1024;
 
 }  // namespace
 
@@ -19,7 +19,7 @@ InputFile::InputFile(const std::filesystem::path& path) {
 }
 
 std::size_t InputFile::read(char* to, std::size_t room) {
-  if (room > mostRoom) throw std::runtime_error("a line of it has no end");
+  if (room > maxRoom) throw std::runtime_error("a line of it has no end");
   const auto count = file_.sgetn(to, static_cast<std::streamsize>(room));
   return static_cast<std::size_t>(count);
 }

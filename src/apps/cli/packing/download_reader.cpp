@@ -14,8 +14,8 @@
 namespace keyscout {
 namespace {
 
-constexpr std::size_t leastRecord = CatalogLine::minLength;
-constexpr std::size_t mostRecord = RecordColumns::brand.end() - 1;
+constexpr std::size_t minRecord = CatalogLine::minLength;
+constexpr std::size_t maxRecord = RecordColumns::brand.end() - 1;
 
 InputFile openDownload(const std::filesystem::path& path) try {
   return InputFile{path};
@@ -52,12 +52,12 @@ bool DownloadReader::readRecord(DownloadRecord& record) {
     const std::string_view line = readLine();
     const std::size_t length = lengthWithoutBlanksBehind(line);
     if (length == 0) continue;
-    if (line.size() < leastRecord)
+    if (line.size() < minRecord)
       throw refusal("The record has " + std::to_string(line.size()) + " columns; fill it up with " +
-                    "blanks to at least " + std::to_string(leastRecord) + '.');
-    if (length > mostRecord)
+                    "blanks to at least " + std::to_string(minRecord) + '.');
+    if (length > maxRecord)
       throw refusal("The record has " + std::to_string(length) + " columns; shorten it to " +
-                    std::to_string(mostRecord) + " at most.");
+                    std::to_string(maxRecord) + " at most.");
 
     const CatalogLine fields{line};
     checkIndex(fields.index());

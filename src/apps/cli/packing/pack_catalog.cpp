@@ -22,7 +22,7 @@
 namespace keyscout {
 namespace {
 
-constexpr std::uint64_t mostTables = keyscoutModule::catalogTableCapacity;
+constexpr std::uint64_t maxTables = keyscoutModule::catalogTableCapacity;
 constexpr std::uint64_t usualLinesPerTable = 200;
 constexpr std::uint64_t recordsPerReport = 1024;
 
@@ -32,13 +32,13 @@ std::uint64_t dividedRoundingUp(std::uint64_t number, std::uint64_t divisor) {
 
 /// How many lines of `records` go into each table.
 std::uint64_t linesPerTable(std::uint64_t records, std::optional<std::uint64_t> wanted) {
-  const std::uint64_t least = dividedRoundingUp(records, mostTables);
-  if (wanted && *wanted < least)
+  const std::uint64_t minimum = dividedRoundingUp(records, maxTables);
+  if (wanted && *wanted < minimum)
     throw PackError(std::to_string(records) + " records make more than " +
-                        std::to_string(mostTables) + " tables of " + std::to_string(*wanted) +
-                        " lines; put " + std::to_string(least) + " or more lines into a table.",
+                        std::to_string(maxTables) + " tables of " + std::to_string(*wanted) +
+                        " lines; put " + std::to_string(minimum) + " or more lines into a table.",
                     ExitStatus::unusable);
-  return wanted.value_or(std::max(usualLinesPerTable, least));
+  return wanted.value_or(std::max(usualLinesPerTable, minimum));
 }
 
 /// The way of one download through sorting into the files of a staging folder.
@@ -118,7 +118,7 @@ bool isSameFile(const std::filesystem::path& a, const std::filesystem::path& b) 
 }
 
 void removeStaleTables(const std::filesystem::path& directory, std::uint64_t tables) {
-  for (std::uint64_t i = tables; i < mostTables; ++i)
+  for (std::uint64_t i = tables; i < maxTables; ++i)
     std::filesystem::remove(directory / tableFile(i));
 }
 

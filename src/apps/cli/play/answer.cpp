@@ -3,10 +3,10 @@
 namespace keyscout {
 
 MessageBoxButton ScriptedMessageBox::show(StringView text, std::int32_t style, StringView title) {
-  happenings_.messages.push_back({{"title", toJson(title)},
-                                  {"text", toJson(text)},
-                                  {"style", style},
-                                  {"answer", button_ == MessageBoxButton::yes ? "yes" : "no"}});
+  notes_.messages.push_back({{"title", toJson(title)},
+                             {"text", toJson(text)},
+                             {"style", style},
+                             {"answer", button_ == MessageBoxButton::yes ? "yes" : "no"}});
   return button_;
 }
 
@@ -30,7 +30,7 @@ Json toJson(const TraceCall& call) {
     case TraceCall::Kind::traceMessage:
     case TraceCall::Kind::logMessage: list.push_back(toJson(call.text)); break;
   }
-  list.push_back(call.last);
+  list.push_back(call.levelOrLine);
   return list;
 }
 

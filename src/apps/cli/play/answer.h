@@ -10,7 +10,7 @@
 namespace keyscout {
 
 /// What there is to tell of the command being run, gathered as it comes.
-struct Happenings {
+struct CommandNotes {
   Json events = Json::array();
   Json messages = Json::array();
 };
@@ -18,13 +18,13 @@ struct Happenings {
 /// Answers every box at once with the button chosen, and keeps note of it.
 class ScriptedMessageBox final : public MessageBox {
  public:
-  explicit ScriptedMessageBox(Happenings& happenings) : happenings_(happenings) {}
+  explicit ScriptedMessageBox(CommandNotes& notes) : notes_(notes) {}
 
   void answerWith(MessageBoxButton button) { button_ = button; }
   MessageBoxButton show(StringView text, std::int32_t style, StringView title) override;
 
  private:
-  Happenings& happenings_;
+  CommandNotes& notes_;
   MessageBoxButton button_ = MessageBoxButton::no;
 };
 

@@ -36,9 +36,9 @@ Json recordsToJson(const KeyedCollection<RWKeyscoutCatalogData>& records) {
 }  // namespace
 
 ScriptedControl::ScriptedControl(std::string name, Platform& platform, PlayableForm& form,
-                                 Happenings& happenings, EventHandlers& handlers)
+                                 CommandNotes& notes, EventHandlers& handlers)
     : name_(std::move(name)),
-      happenings_(happenings),
+      notes_(notes),
       handlers_(handlers),
       surface_(form.addSurface()),
       control_(platform, *surface_, *this) {
@@ -72,7 +72,7 @@ std::vector<EventArgument> ScriptedControl::raised(const std::string& event,
                                                    std::vector<EventArgument> arguments) {
   Json values = Json::array();
   for (const EventArgument& argument : arguments) values.push_back(argument.value);
-  happenings_.events.push_back({{"control", name_}, {"name", event}, {"args", std::move(values)}});
+  notes_.events.push_back({{"control", name_}, {"name", event}, {"args", std::move(values)}});
   handlers_.run(event, control_, arguments);
   return arguments;
 }

@@ -14,7 +14,7 @@ namespace keyscout {
 /// A control on the scripted form, and the host's ear for its events.
 class ScriptedControl final : private keyscoutControlEvents {
  public:
-  ScriptedControl(std::string name, Platform& platform, PlayableForm& form, Happenings& happenings,
+  ScriptedControl(std::string name, Platform& platform, PlayableForm& form, CommandNotes& notes,
                   EventHandlers& handlers);
 
   keyscoutControl& control() { return control_; }
@@ -44,7 +44,7 @@ class ScriptedControl final : private keyscoutControlEvents {
                    float& y);
 
   std::string name_;
-  Happenings& happenings_;
+  CommandNotes& notes_;
   EventHandlers& handlers_;
   std::unique_ptr<PlayableSurface> surface_;
   keyscoutControl control_;

@@ -99,7 +99,7 @@ const std::map<std::string, ScriptedHost::Command>& ScriptedHost::commands() {
 }
 
 Json ScriptedHost::run(const std::string& line) {
-  happenings_ = {};
+  notes_ = {};
   trace_->take();
   Json answer{{"ok", true}, {"result", nullptr}};
   try {
@@ -114,8 +114,8 @@ Json ScriptedHost::run(const std::string& line) {
     answer["ok"] = false;
     answer["error"] = toJson(currentError());
   }
-  answer["events"] = std::move(happenings_.events);
-  answer["messages"] = std::move(happenings_.messages);
+  answer["events"] = std::move(notes_.events);
+  answer["messages"] = std::move(notes_.messages);
   if (showsTrace_) {
     Json& calls = answer["trace"] = Json::array();
     for (const TraceCall& call : trace_->take()) calls.push_back(toJson(call));
@@ -162,7 +162,7 @@ Json ScriptedHost::newControl(const Json& command) {
   if (controls_.contains(control))
     throw Malformed("there is a control \"" + control + "\" already");
   controls_[control] =
-      std::make_unique<ScriptedControl>(control, platform_, *form_, happenings_, handlers_);
+      std::make_unique<ScriptedControl>(control, platform_, *form_, notes_, handlers_);
   return nullptr;
 }
 

@@ -69,8 +69,8 @@ class ScriptedHost {
   HookedFiles files_;
   SystemClock clock_;
   PortableTextRules textRules_;
-  Happenings happenings_;
-  ScriptedMessageBox messageBox_{happenings_};
+  CommandNotes notes_;
+  ScriptedMessageBox messageBox_{notes_};
   std::shared_ptr<CollectingTrace> trace_ = std::make_shared<CollectingTrace>();
   LocalLibrary library_{std::make_shared<HookedTrace>(trace_, faults_)};
   Platform platform_;

@@ -8,7 +8,7 @@ namespace keyscout {
 namespace {
 
 // Few enough for every system's limit of open files.
-constexpr std::size_t mostRunsAtOnce = 64;
+constexpr std::size_t maxRunsAtOnce = 64;
 
 void removeQuietly(std::span<const std::filesystem::path> files) {
   std::error_code ignored;
@@ -49,11 +49,11 @@ void ExternalSorter::spill() {
 void ExternalSorter::startMerging() {
   if (!buffer_->isEmpty()) spill();
   buffer_.reset();
-  while (runs_.size() > mostRunsAtOnce) {
+  while (runs_.size() > maxRunsAtOnce) {
     // Neighbours are merged, and the result takes their place, so equal keys keep their order.
     std::vector<std::filesystem::path> merged;
-    for (std::size_t first = 0; first < runs_.size(); first += mostRunsAtOnce) {
-      const std::size_t count = std::min(mostRunsAtOnce, runs_.size() - first);
+    for (std::size_t first = 0; first < runs_.size(); first += maxRunsAtOnce) {
+      const std::size_t count = std::min(maxRunsAtOnce, runs_.size() - first);
       merged.push_back(merge(std::span{runs_}.subspan(first, count)));
     }
     runs_ = std::move(merged);

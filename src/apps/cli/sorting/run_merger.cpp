@@ -5,15 +5,15 @@
 namespace keyscout {
 namespace {
 
-constexpr std::size_t leastReadAhead = 4096;
-constexpr std::size_t mostReadAhead = std::size_t{1024} * 1024;
+constexpr std::size_t minReadAhead = 4096;
+constexpr std::size_t maxReadAhead = std::size_t{1024} * 1024;
 
 }  // namespace
 
 RunMerger::RunMerger(std::span<const std::filesystem::path> runs, std::size_t memory) {
   readers_.reserve(runs.size());
   for (const auto& run : runs)
-    readers_.emplace_back(run, std::clamp(memory / runs.size(), leastReadAhead, mostReadAhead));
+    readers_.emplace_back(run, std::clamp(memory / runs.size(), minReadAhead, maxReadAhead));
   for (std::size_t run = 0; run < readers_.size(); ++run) advance(run);
 }
 

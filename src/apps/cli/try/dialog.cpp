@@ -9,7 +9,7 @@
 namespace keyscout {
 namespace {
 
-constexpr int mostColumns = 72;
+constexpr int maxColumns = 72;
 constexpr int margin = 2;  // between the frame and the text, on each side
 
 /// `line` in pieces of at most `width` columns, broken at blanks where it has any.
@@ -36,7 +36,7 @@ std::vector<std::wstring> Dialog::wrapped(int width) const {
 
 void Dialog::draw() {
   background_();
-  const int columns = std::min(mostColumns, screen_.columns() - 4);
+  const int columns = std::min(maxColumns, screen_.columns() - 4);
   const auto lines = wrapped(columns - 2 - 2 * margin);
   int widest = columnsOf(title_) + 4;
   for (const std::wstring& line : lines) widest = std::max(widest, columnsOf(line));

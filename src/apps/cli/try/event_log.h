@@ -12,7 +12,7 @@ class EventLog {
   /// `source` raised `event`, whose arguments are written as they are to be read.
   void add(const std::string& source, const std::string& event, const std::string& arguments = {}) {
     lines_.push_back({source, event, arguments});
-    if (lines_.size() > mostLines) lines_.pop_front();
+    if (lines_.size() > maxLines) lines_.pop_front();
   }
 
   struct Line {
@@ -23,7 +23,7 @@ class EventLog {
   const std::deque<Line>& lines() const { return lines_; }
 
  private:
-  static constexpr std::size_t mostLines = 500;
+  static constexpr std::size_t maxLines = 500;
 
   std::deque<Line> lines_;
 };

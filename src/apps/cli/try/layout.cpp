@@ -8,11 +8,11 @@ namespace {
 constexpr int stateColumns = 27;
 constexpr int formRows = 8;
 constexpr int labelColumns = 12;
-constexpr int mostShownEntries = 9;
+constexpr int maxShownEntries = 9;
 
 }  // namespace
 
-Layout::Layout(int rows, int columns) : fits(rows >= leastRows && columns >= leastColumns) {
+Layout::Layout(int rows, int columns) : fits(rows >= minRows && columns >= minColumns) {
   const int left = columns - stateColumns;
   title = {0, 0, 1, columns};
   form = {1, 0, formRows, left};
@@ -33,7 +33,7 @@ Layout::Layout(int rows, int columns) : fits(rows >= leastRows && columns >= lea
 Rectangle Layout::dropDown(const Rectangle& field, int entries) const {
   constexpr int frame = 2;
   const int room = keys.row - field.row - 1;
-  const int rows = std::min({entries, mostShownEntries, room - frame}) + frame;
+  const int rows = std::min({entries, maxShownEntries, room - frame}) + frame;
   return {field.row + 1, field.column - 1, rows, field.columns + 2};
 }
 

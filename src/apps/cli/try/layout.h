@@ -7,8 +7,8 @@ namespace keyscout {
 /// Where everything stands on a terminal of a given size. The form and the events share the left
 /// side, so that a drop-down list has room below its field; the state is on the right.
 struct Layout {
-  static constexpr int leastRows = 20;
-  static constexpr int leastColumns = 60;
+  static constexpr int minRows = 20;
+  static constexpr int minColumns = 60;
 
   Layout(int rows, int columns);
 
