@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <random>
 
-#include "apps/cli/native_files.h"
 #include "base/utf8.h"
 #include "lookup/key_order.h"
+#include "platform/local/native_files.h"
 #include "support/stage.h"
 
 namespace keyscout::test {

@@ -6,13 +6,13 @@
 #include <string>
 #include <vector>
 
-#include "apps/cli/native_files.h"
 #include "control/keyscout_control.h"
 #include "controller/keyscout_controller.h"
 #include "platform/decorators/hooked_files.h"
 #include "platform/decorators/hooked_trace.h"
 #include "platform/local/local_brand_list.h"
 #include "platform/local/local_library.h"
+#include "platform/local/native_files.h"
 #include "platform/local/portable_text_rules.h"
 #include "platform/local/trace_services.h"
 #include "platform/playable.h"

@@ -6,10 +6,10 @@
 
 #include "apps/cli/check/check_command.h"
 #include "apps/cli/exit_status.h"
-#include "apps/cli/host/interruption.h"
 #include "apps/cli/lookup/lookup_command.h"
 #include "apps/cli/pack/pack_command.h"
 #include "apps/cli/play/play_command.h"
+#include "apps/cli/terminal/interruption.h"
 #ifdef KEYSCOUT_HAS_TRY
 #include "apps/cli/try/try_command.h"
 #endif

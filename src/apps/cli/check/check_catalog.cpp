@@ -7,7 +7,7 @@
 #include "apps/cli/check/index_check.h"
 #include "apps/cli/check/start_up_check.h"
 #include "apps/cli/check/table_check.h"
-#include "apps/cli/path_text.h"
+#include "apps/cli/files/path_text.h"
 #include "base/error.h"
 
 namespace keyscout {

@@ -7,11 +7,11 @@
 
 #include "apps/cli/check/check_output.h"
 #include "apps/cli/exit_status.h"
-#include "apps/cli/host/interruption.h"
-#include "apps/cli/native_files.h"
-#include "apps/cli/path_text.h"
-#include "apps/cli/progress_bar.h"
-#include "apps/cli/terminal.h"
+#include "apps/cli/files/path_text.h"
+#include "apps/cli/terminal/interruption.h"
+#include "apps/cli/terminal/progress_bar.h"
+#include "apps/cli/terminal/standard_stream.h"
+#include "platform/local/native_files.h"
 
 namespace keyscout {
 namespace {

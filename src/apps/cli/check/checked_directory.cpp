@@ -1,6 +1,6 @@
 #include "apps/cli/check/checked_directory.h"
 
-#include "apps/cli/path_text.h"
+#include "apps/cli/files/path_text.h"
 #include "base/utf8.h"
 
 namespace keyscout {

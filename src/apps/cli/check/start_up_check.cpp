@@ -1,7 +1,7 @@
 #include "apps/cli/check/start_up_check.h"
 
+#include "apps/cli/files/path_text.h"
 #include "apps/cli/host/catalog_host.h"
-#include "apps/cli/path_text.h"
 #include "base/utf8.h"
 #include "shared/data_format/directory_files.h"
 #include "shared/data_format/record_columns.h"

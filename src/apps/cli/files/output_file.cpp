@@ -5,7 +5,7 @@
 #include <string>
 #include <system_error>
 
-#include "apps/cli/path_text.h"
+#include "apps/cli/files/path_text.h"
 
 namespace keyscout {
 

@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-#include "apps/cli/path_text.h"
+#include "apps/cli/files/path_text.h"
 #include "base/utf8.h"
 #include "shared/keyscout_module.h"
 

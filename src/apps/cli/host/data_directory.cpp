@@ -5,7 +5,7 @@
 #include <fstream>
 #include <vector>
 
-#include "apps/cli/path_text.h"
+#include "apps/cli/files/path_text.h"
 #include "shared/data_format/record_columns.h"
 
 namespace keyscout {

@@ -2,8 +2,8 @@
 
 #include <stdexcept>
 
+#include "apps/cli/files/path_text.h"
 #include "apps/cli/host/catalog_host.h"
-#include "apps/cli/path_text.h"
 #include "base/utf8.h"
 #include "control/keyscout_control.h"
 #include "platform/local/local_brand_list.h"

@@ -5,10 +5,10 @@
 #include <memory>
 
 #include "apps/cli/exit_status.h"
+#include "apps/cli/files/path_text.h"
 #include "apps/cli/lookup/lookup.h"
 #include "apps/cli/lookup/lookup_output.h"
-#include "apps/cli/native_files.h"
-#include "apps/cli/path_text.h"
+#include "platform/local/native_files.h"
 
 namespace keyscout {
 namespace {

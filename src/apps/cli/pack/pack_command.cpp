@@ -5,11 +5,11 @@
 #include <memory>
 #include <string>
 
-#include "apps/cli/host/interruption.h"
+#include "apps/cli/files/path_text.h"
 #include "apps/cli/packing/pack_catalog.h"
-#include "apps/cli/path_text.h"
-#include "apps/cli/progress_bar.h"
-#include "apps/cli/terminal.h"
+#include "apps/cli/terminal/interruption.h"
+#include "apps/cli/terminal/progress_bar.h"
+#include "apps/cli/terminal/standard_stream.h"
 
 namespace keyscout {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "apps/cli/files/path_text.h"
 #include "apps/cli/packing/pack_error.h"
-#include "apps/cli/path_text.h"
 #include "base/letter_case.h"
 #include "base/utf8.h"
 #include "shared/data_format/directory_files.h"

@@ -3,7 +3,7 @@
 #include <string>
 #include <system_error>
 
-#include "apps/cli/path_text.h"
+#include "apps/cli/files/path_text.h"
 #include "base/code_page.h"
 #include "base/error.h"
 #include "base/numbers.h"

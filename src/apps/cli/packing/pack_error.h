@@ -6,7 +6,7 @@
 #include <string>
 
 #include "apps/cli/exit_status.h"
-#include "apps/cli/path_text.h"
+#include "apps/cli/files/path_text.h"
 
 namespace keyscout {
 

@@ -5,11 +5,11 @@
 #include <iostream>
 
 #include "apps/cli/exit_status.h"
-#include "apps/cli/native_files.h"
-#include "apps/cli/path_text.h"
+#include "apps/cli/files/path_text.h"
 #include "apps/cli/play/scripted_host.h"
 #include "apps/cli/play/session_view.h"
-#include "apps/cli/terminal.h"
+#include "apps/cli/terminal/standard_stream.h"
+#include "platform/local/native_files.h"
 
 namespace keyscout {
 namespace {

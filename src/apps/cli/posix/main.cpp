@@ -1,5 +1,5 @@
-#include "apps/cli/host/interruption.h"
 #include "apps/cli/program.h"
+#include "apps/cli/terminal/interruption.h"
 
 int main(int argc, char** argv) {
   const int status = keyscout::runProgram(argc, argv);

@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <stdexcept>
 
-#include "apps/cli/host/interruption.h"
+#include "apps/cli/terminal/interruption.h"
 #include "apps/cli/try/curses.h"
 #include "apps/cli/try/text_columns.h"
 

@@ -6,11 +6,11 @@
 #include <memory>
 
 #include "apps/cli/exit_status.h"
-#include "apps/cli/host/interruption.h"
-#include "apps/cli/native_files.h"
-#include "apps/cli/path_text.h"
-#include "apps/cli/terminal.h"
+#include "apps/cli/files/path_text.h"
+#include "apps/cli/terminal/interruption.h"
+#include "apps/cli/terminal/standard_stream.h"
 #include "apps/cli/try/try_host.h"
+#include "platform/local/native_files.h"
 #include "shared/data_format/directory_files.h"
 
 namespace keyscout {

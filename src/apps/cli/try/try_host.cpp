@@ -2,9 +2,9 @@
 
 #include <stdexcept>
 
-#include "apps/cli/host/interruption.h"
+#include "apps/cli/files/path_text.h"
 #include "apps/cli/packing/pack_catalog.h"
-#include "apps/cli/path_text.h"
+#include "apps/cli/terminal/interruption.h"
 #include "apps/cli/try/dialog.h"
 #include "apps/cli/try/text_columns.h"
 #include "base/utf8.h"

@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "apps/cli/host/interruption.h"
 #include "apps/cli/program.h"
-#include "apps/cli/terminal.h"
+#include "apps/cli/terminal/interruption.h"
+#include "apps/cli/terminal/standard_stream.h"
 #include "base/utf8.h"
 #include "platform/win32/wide.h"
 

@@ -5,7 +5,7 @@
 #include <sstream>
 
 #include "apps/cli/check/check_output.h"
-#include "apps/cli/native_files.h"
+#include "platform/local/native_files.h"
 #include "support/small_catalog.h"
 
 namespace keyscout::test {

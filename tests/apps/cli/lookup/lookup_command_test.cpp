@@ -5,7 +5,7 @@
 
 #include "apps/cli/lookup/lookup.h"
 #include "apps/cli/lookup/lookup_output.h"
-#include "apps/cli/native_files.h"
+#include "platform/local/native_files.h"
 #include "support/small_catalog.h"
 
 namespace keyscout::test {

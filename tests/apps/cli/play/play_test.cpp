@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "apps/cli/native_files.h"
 #include "apps/cli/play/scripted_host.h"
 #include "base/utf8.h"
+#include "platform/local/native_files.h"
 #include "platform/thread_slot.h"
 #include "support/stage.h"
 

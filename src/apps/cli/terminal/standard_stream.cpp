@@ -1,4 +1,4 @@
-#include "apps/cli/terminal.h"
+#include "apps/cli/terminal/standard_stream.h"
 
 #ifdef _WIN32
 #include <io.h>

@@ -1,4 +1,4 @@
-#include "apps/cli/progress_bar.h"
+#include "apps/cli/terminal/progress_bar.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "apps/cli/host/interruption.h"
+#include "apps/cli/terminal/interruption.h"
 
 #include <array>
 #include <csignal>
