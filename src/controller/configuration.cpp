@@ -59,7 +59,7 @@ void RWKeyscoutController::setKeyscoutEnabled(Boolean value) { module_->Keyscout
 Boolean RWKeyscoutController::KeyscoutLocked() const { return module_->KeyscoutLocked; }
 void RWKeyscoutController::setKeyscoutLocked(Boolean value) { module_->KeyscoutLocked = value; }
 
-String RWKeyscoutController::pathOf(StringView fileName) const {
+String RWKeyscoutController::pathInDirectory(StringView fileName) const {
   return KeyscoutDirectory() + String{fileName};
 }
 

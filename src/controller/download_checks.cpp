@@ -15,7 +15,7 @@ Boolean RWKeyscoutController::checkDownloadVersion() {
       [&]() -> Boolean {
         String header;
         {
-          const auto file = platform_.files.open(pathOf(CatalogNumbersDownloadFile()));
+          const auto file = platform_.files.open(pathInDirectory(CatalogNumbersDownloadFile()));
           if (!file->atEnd()) header = platform_.codePage.decode(file->readLine());
         }
         if (header == downloadHeader) return True;
@@ -45,7 +45,7 @@ Boolean RWKeyscoutController::checkCatalogControlFile() {
       [&]() -> Boolean {
         String status;
         {
-          const auto file = platform_.files.open(pathOf(DirectoryFiles::control));
+          const auto file = platform_.files.open(pathInDirectory(DirectoryFiles::control));
           while (!file->atEnd()) status += platform_.codePage.decode(file->readLine());
         }
         if (status.starts_with(ControlWords::ready)) return True;
@@ -84,7 +84,7 @@ void RWKeyscoutController::needToUpdate(std::int16_t days) {
   static constexpr Procedure procedure{u"keyscoutModule", u"needToUpdate", u"needToUpdate", 1};
   Tracer::guarded(
       [&] {
-        const auto written = platform_.files.lastModified(pathOf(KeyscoutIndexFile()));
+        const auto written = platform_.files.lastModified(pathInDirectory(KeyscoutIndexFile()));
         const auto age = platform_.clock.now() - written;
         if (days > 0 && age > std::chrono::days{days})
           throw refusal(KeyscoutErrorCodes::CatalogFilesOld, u"Keyscout data is not current.");

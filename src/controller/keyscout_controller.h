@@ -97,7 +97,7 @@ class RWKeyscoutController {
   void needToUpdate(std::int16_t days);
 
  private:
-  String pathOf(StringView fileName) const;
+  String pathInDirectory(StringView fileName) const;
   void loadIndex();
   void loadBrands();
 

@@ -33,7 +33,7 @@ void RWKeyscoutController::initialize() {
 
 void RWKeyscoutController::loadIndex() {
   module_->catalogTableCount = 0;
-  const auto file = platform_.files.open(pathOf(KeyscoutIndexFile()));
+  const auto file = platform_.files.open(pathInDirectory(KeyscoutIndexFile()));
   module_->catalogTableIndex.resize(keyscoutModule::catalogTableCapacity);
   String line;
   while (!file->atEnd()) {
@@ -48,7 +48,7 @@ void RWKeyscoutController::loadIndex() {
 }
 
 void RWKeyscoutController::loadBrands() {
-  const auto file = platform_.files.open(pathOf(DirectoryFiles::brands));
+  const auto file = platform_.files.open(pathInDirectory(DirectoryFiles::brands));
   // From the first brand on nothing stops the load any more: a line that cannot be read or whose
   // key is taken adds nothing.
   bool brandSeen = false;

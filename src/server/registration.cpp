@@ -23,7 +23,7 @@ namespace {
 constexpr SYSKIND systemKind = sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32;
 
 void registerTypeLibrary(HKEY root) {
-  std::wstring path = pathOf(thisInstance());
+  std::wstring path = modulePath(thisInstance());
   // Named, or else the folder of an older registration stays.
   std::wstring folder = path.substr(0, path.find_last_of(L'\\'));
   const auto library = loadTypeLibrary();

@@ -47,7 +47,7 @@ std::wstring textOf(REFGUID id) {
 std::wstring keyOf(const RegisteredClass& served) { return L"CLSID\\" + textOf(served.id); }
 
 std::vector<RegistryValue> valuesOf(const RegisteredClass& served) {
-  const std::wstring path = pathOf(thisInstance());
+  const std::wstring path = modulePath(thisInstance());
   const std::wstring name = served.name;
   const std::wstring versioned = name + L".1";
   const std::wstring id = textOf(served.id);

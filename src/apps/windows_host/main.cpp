@@ -16,7 +16,7 @@
 namespace {
 
 std::wstring sampleDirectory() {
-  const std::wstring path = keyscout::pathOf(nullptr);
+  const std::wstring path = keyscout::modulePath(nullptr);
   return path.substr(0, path.find_last_of(L'\\') + 1) + L"..\\sample";
 }
 

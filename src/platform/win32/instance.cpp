@@ -6,7 +6,7 @@ namespace keyscout {
 
 HINSTANCE thisInstance() { return reinterpret_cast<HINSTANCE>(&__ImageBase); }
 
-std::wstring pathOf(HINSTANCE module) {
+std::wstring modulePath(HINSTANCE module) {
   std::wstring path(MAX_PATH, L'\0');
   while (true) {
     const DWORD length = GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size()));

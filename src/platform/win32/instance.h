@@ -10,6 +10,6 @@ namespace keyscout {
 HINSTANCE thisInstance();
 
 /// The file that `module` was loaded from, however long its path; null for the program.
-std::wstring pathOf(HINSTANCE module);
+std::wstring modulePath(HINSTANCE module);
 
 }  // namespace keyscout

@@ -9,7 +9,7 @@ namespace keyscout {
 
 ComPtr<ITypeLib> loadTypeLibrary() {
   ComPtr<ITypeLib> library;
-  require(LoadTypeLibEx(pathOf(thisInstance()).c_str(), REGKIND_NONE, library.put()));
+  require(LoadTypeLibEx(modulePath(thisInstance()).c_str(), REGKIND_NONE, library.put()));
   return library;
 }
 

@@ -85,7 +85,7 @@ void addCheckCommand(CLI::App& app, int& status) {
       "cannot be read.\n\n"
       "Example:\n  keyscout check /var/lib/catalog");
   command->callback([=, &status] {
-    directory->path = pathOf(*path);
+    directory->path = pathNamed(*path);
     status = check(*directory, *asJson);
   });
 }

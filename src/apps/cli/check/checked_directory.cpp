@@ -11,7 +11,7 @@ std::unique_ptr<SequentialFile> CheckedDirectory::open(std::string_view name) co
 
 std::uint64_t CheckedDirectory::sizeOf(std::string_view name) const {
   std::error_code failure;
-  const auto size = std::filesystem::file_size(names.path / pathOf(name), failure);
+  const auto size = std::filesystem::file_size(names.path / pathNamed(name), failure);
   return failure ? 0 : size;
 }
 

@@ -10,7 +10,7 @@ namespace keyscout {
 // for the system's own encoding instead.
 
 /// The path that `text`, in UTF-8, names.
-inline std::filesystem::path pathOf(std::string_view text) {
+inline std::filesystem::path pathNamed(std::string_view text) {
   return std::u8string{text.begin(), text.end()};
 }
 

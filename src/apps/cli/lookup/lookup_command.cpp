@@ -62,7 +62,7 @@ void addLookupCommand(CLI::App& app, int& status) {
       "Exits with 1 where nothing is listed, with 2 where the directory cannot be used.\n\n"
       "Example:\n  keyscout lookup /var/lib/catalog AB-1 --brand ACME --count 20");
   command->callback([=, &status] {
-    request->directory.path = pathOf(*path);
+    request->directory.path = pathNamed(*path);
     status = run(*request, *asJson);
   });
 }

@@ -68,9 +68,9 @@ void addPackCommand(CLI::App& app, int& status) {
   command->add_option("--index", *indexName, "The name of the index file")->capture_default_str();
   command->footer("Example:\n  keyscout pack parts.txt /var/lib/catalog");
   command->callback([=, &status] {
-    options->download = pathOf(*download);
-    options->directory = pathOf(*directory);
-    options->indexName = pathOf(*indexName);
+    options->download = pathNamed(*download);
+    options->directory = pathNamed(*directory);
+    options->indexName = pathNamed(*indexName);
     status = pack(*options);
   });
 }

@@ -46,7 +46,7 @@ int play(std::istream& script, Show show, Widgets widgets) {
 }
 
 int playFile(const std::string& path, Show show, Widgets widgets) {
-  std::ifstream script{pathOf(path), std::ios::binary};
+  std::ifstream script{pathNamed(path), std::ios::binary};
   const bool isReadable = script.is_open() && (script.peek(), !script.bad());
   if (isReadable) {
     script.clear();

@@ -11,7 +11,7 @@ namespace {
 using Stop = TryForm::Stop;
 
 std::wstring shownChoice(const TryForm::BrandChoice& choice) {
-  return (choice.isChosen ? L"[x] " : L"[ ] ") + toWide(choice.brand);
+  return (choice.isChosen ? L"[x] " : L"[ ] ") + toCodePoints(choice.brand);
 }
 
 constexpr int choiceGap = 2;
@@ -32,7 +32,7 @@ void FormView::drawForm(const Layout& layout) {
     const Rectangle place = fieldOf(layout, *field);
     if (field->acceptedBrand().empty()) continue;
     screen_.text(place.row + 1, place.column, place.columns,
-                 L"of " + toWide(field->acceptedBrand()), Style::faint);
+                 L"of " + toCodePoints(field->acceptedBrand()), Style::faint);
   }
   drawChoices(layout);
 }
@@ -47,11 +47,11 @@ void FormView::drawTextBox(const Rectangle& place, const TextBox& textBox, bool 
       StringView{text}.substr(0, static_cast<std::size_t>(textBox.selStart()));
   // A text that is longer than the box is shown from where its caret still is in it.
   std::size_t first = 0;
-  while (columnsOf(toWide(beforeCaret.substr(first))) >= place.columns) ++first;
-  screen_.text(place.row, place.column, place.columns, toWide(StringView{text}.substr(first)),
+  while (columnsOf(toCodePoints(beforeCaret.substr(first))) >= place.columns) ++first;
+  screen_.text(place.row, place.column, place.columns, toCodePoints(StringView{text}.substr(first)),
                hasFocus ? Style::focusedField : Style::field);
   if (hasFocus)
-    screen_.placeCaret(place.row, place.column + columnsOf(toWide(beforeCaret.substr(first))));
+    screen_.placeCaret(place.row, place.column + columnsOf(toCodePoints(beforeCaret.substr(first))));
 }
 
 std::size_t FormView::firstShownChoice(int width) const {
@@ -120,7 +120,7 @@ void FormView::drawList(const Layout& layout) {
   for (int i = 0; i < shown; ++i) {
     const bool isSelected = first + i == list->selected;
     screen_.text(area.row + 1 + i, area.column + 1, area.columns - 2,
-                 toWide(list->entries[static_cast<std::size_t>(first + i)]),
+                 toCodePoints(list->entries[static_cast<std::size_t>(first + i)]),
                  isSelected ? Style::chosen : Style::plain);
   }
   if (first > 0)

@@ -9,7 +9,7 @@
 namespace keyscout {
 namespace {
 
-std::wstring wide(const std::string& text) { return toWide(fromUtf8(text)); }
+std::wstring wide(const std::string& text) { return toCodePoints(fromUtf8(text)); }
 
 /// Lines of a panel, a name on the left and its value on the right of each.
 class PanelLines {

@@ -16,7 +16,7 @@ int widthOf(wchar_t character) {
 
 }  // namespace
 
-std::wstring toWide(StringView text) {
+std::wstring toCodePoints(StringView text) {
   std::wstring wide;
   for (std::size_t i = 0; i < text.size(); ++i) {
     auto point = static_cast<wchar_t>(text[i]);

@@ -11,7 +11,7 @@ namespace keyscout {
 
 /// `text` in the wide characters of the terminal library, one for each code point. What has no
 /// place on a screen (a control character, half of a pair) becomes U+FFFD.
-std::wstring toWide(StringView text);
+std::wstring toCodePoints(StringView text);
 
 /// How many columns `text` takes.
 int columnsOf(const std::wstring& text);

@@ -64,7 +64,7 @@ void addTryCommand(CLI::App& app, int& status) {
       "F1 shows the keys. The directory is never written to.\n\n"
       "Example:\n  keyscout try /var/lib/catalog");
   command->callback([=, &status] {
-    directory->path = pathOf(*path);
+    directory->path = pathNamed(*path);
     status = run(*directory);
   });
 }

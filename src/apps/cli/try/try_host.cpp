@@ -34,7 +34,7 @@ std::vector<std::wstring> linesOf(StringView text) {
     end = text.find(u'\n');
     StringView line = text.substr(0, end);
     if (line.ends_with(u'\r')) line.remove_suffix(1);
-    lines.push_back(toWide(line));
+    lines.push_back(toCodePoints(line));
     text.remove_prefix(end == text.npos ? 0 : end + 1);
   }
   return lines;
@@ -169,7 +169,7 @@ bool TryHost::answerHostKey(int key) {
 
 MessageBoxButton TryHost::show(StringView text, std::int32_t /*style*/, StringView title) {
   const auto begin = std::chrono::steady_clock::now();
-  Dialog dialog{stage_->screen, [this] { draw(); }, toWide(title), linesOf(text)};
+  Dialog dialog{stage_->screen, [this] { draw(); }, toCodePoints(title), linesOf(text)};
   const bool isYes = dialog.choose({L"Yes", L"No"}) == 0;
   answering_ += std::chrono::steady_clock::now() - begin;
   return isYes ? MessageBoxButton::yes : MessageBoxButton::no;

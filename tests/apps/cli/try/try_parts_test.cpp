@@ -54,8 +54,8 @@ TEST(TextColumns, CountsColumnsNotCharacters) {
                {u"a\tb", 3, L"a\uFFFDb "},
                {StringView{u"\U0001F529", 1}, 1, L"\uFFFD   "}};
   for (const auto& c : cases) {
-    EXPECT_EQ(columnsOf(toWide(c.text)), c.columns);
-    EXPECT_EQ(fitted(toWide(c.text), 4), c.inFour);
+    EXPECT_EQ(columnsOf(toCodePoints(c.text)), c.columns);
+    EXPECT_EQ(fitted(toCodePoints(c.text), 4), c.inFour);
   }
   std::setlocale(LC_ALL, "C");
 }
