@@ -59,7 +59,7 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, LPVOID processEnds) {
 }
 
 STDAPI DllGetClassObject(REFCLSID id, REFIID interfaceId, void** result) {
-  return guarded(IID_NULL, [&] {
+  return asComResult(IID_NULL, [&] {
     target(result) = nullptr;
     for (const ServedClass& served : servedClasses) {
       if (served.id != id) continue;

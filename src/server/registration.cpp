@@ -40,7 +40,7 @@ Removal removeFrom(HKEY root) {
   const Removal removal = removeEntries(root);
   // The type library is written last: without the classes it is not there, either.
   if (removal == Removal::nothing) return removal;
-  guarded(IID_NULL, [&] {
+  asComResult(IID_NULL, [&] {
     const ClassesKey classes{root};
     removeTypeLibrary(root);
   });
@@ -48,7 +48,7 @@ Removal removeFrom(HKEY root) {
 }
 
 HRESULT registerFor(HKEY root) {
-  return guarded(IID_NULL, [&] {
+  return asComResult(IID_NULL, [&] {
     const ClassesKey classes{root};
     try {
       writeEntries(classes);
@@ -63,7 +63,7 @@ HRESULT registerFor(HKEY root) {
 }  // namespace
 
 HRESULT registerServer() noexcept {
-  return guarded(IID_NULL, [] {
+  return asComResult(IID_NULL, [] {
     const HRESULT forMachine = registerFor(HKEY_LOCAL_MACHINE);
     const bool mayNot = forMachine == E_ACCESSDENIED || forMachine == TYPE_E_REGISTRYACCESS;
     if (mayNot) return require(registerFor(HKEY_CURRENT_USER));
@@ -74,7 +74,7 @@ HRESULT registerServer() noexcept {
 }
 
 HRESULT unregisterServer() noexcept {
-  return guarded(IID_NULL, [] {
+  return asComResult(IID_NULL, [] {
     const Removal fromMachine = removeFrom(HKEY_LOCAL_MACHINE);
     const Removal fromUser = removeFrom(HKEY_CURRENT_USER);
     const bool isRefused = fromUser == Removal::refused ||

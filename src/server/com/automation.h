@@ -71,7 +71,7 @@ class Automation : public Object<Dual, ISupportErrorInfo, IProvideClassInfo2, Ot
   /// The body of a member of the dual interface.
   template <class Body>
   HRESULT member(Body&& body) noexcept {
-    return guarded(__uuidof(Dual), body);
+    return asComResult(__uuidof(Dual), body);
   }
 
  private:

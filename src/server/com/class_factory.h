@@ -10,7 +10,7 @@ template <class Class>
 class ClassFactory final : public Object<IClassFactory> {
  public:
   HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID id, void** result) override {
-    return guarded(__uuidof(IClassFactory), [&] {
+    return asComResult(__uuidof(IClassFactory), [&] {
       target(result) = nullptr;
       if (outer) throw ComFailure{CLASS_E_NOAGGREGATION};
       require(makeObject<Class>()->QueryInterface(id, result));

@@ -51,7 +51,7 @@ HRESULT ConnectionPoint::GetConnectionPointContainer(IConnectionPointContainer**
 }
 
 HRESULT ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) {
-  return guarded(__uuidof(IConnectionPoint), [&] {
+  return asComResult(__uuidof(IConnectionPoint), [&] {
     target(cookie) = 0;
     if (!sink) throw ComFailure{E_POINTER};
     ComPtr<IUnknown> connected;
@@ -73,7 +73,7 @@ HRESULT ConnectionPoint::Unadvise(DWORD cookie) {
 }
 
 HRESULT ConnectionPoint::EnumConnections(IEnumConnections** result) {
-  return guarded(__uuidof(IConnectionPoint), [&] {
+  return asComResult(__uuidof(IConnectionPoint), [&] {
     target(result) = nullptr;
     std::vector<Connection> connections;
     for (const auto& [cookie, sink] : sinks_) connections.push_back({sink, cookie});

@@ -20,7 +20,7 @@ class Enumerator final : public Object<Interface> {
   HRESULT STDMETHODCALLTYPE Next(ULONG count, Given* items, ULONG* fetched) override {
     if (!items || (count != 1 && !fetched)) return E_POINTER;
     const auto given = static_cast<ULONG>(std::min<std::size_t>(count, items_.size() - next_));
-    const HRESULT failure = guarded(__uuidof(Interface), [&] {
+    const HRESULT failure = asComResult(__uuidof(Interface), [&] {
       for (ULONG i = 0; i < given; ++i) Copier::copy(items_[next_ + i], items[i]);
     });
     if (FAILED(failure)) return failure;
@@ -41,7 +41,7 @@ class Enumerator final : public Object<Interface> {
   }
 
   HRESULT STDMETHODCALLTYPE Clone(Interface** result) override {
-    return guarded(__uuidof(Interface), [&] {
+    return asComResult(__uuidof(Interface), [&] {
       target(result) = nullptr;
       *result = makeObject<Enumerator>(items_, next_).detach();
     });

@@ -26,9 +26,9 @@ T& target(T* argument) {
 /// is left for the caller as the thread's error information, as a failure of `interfaceId`.
 HRESULT currentFailure(REFIID interfaceId) noexcept;
 
-/// The body of a COM method: no exception leaves it.
+/// What `body` ends with, as a COM method of `interfaceId` returns it: no exception leaves it.
 template <class Body>
-HRESULT guarded(REFIID interfaceId, Body&& body) noexcept {
+HRESULT asComResult(REFIID interfaceId, Body&& body) noexcept {
   try {
     body();
     return S_OK;

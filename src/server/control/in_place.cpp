@@ -93,7 +93,7 @@ ComPtr<IOleInPlaceSite> ControlObject::leaveSite() {
 }
 
 void ControlObject::focusCame() noexcept {
-  guarded(IID_NULL, [&] {
+  asComResult(IID_NULL, [&] {
     if (!inPlaceSite_) return;
     activateUi();
     tellFocus(true);
@@ -101,7 +101,7 @@ void ControlObject::focusCame() noexcept {
 }
 
 void ControlObject::focusLeft() noexcept {
-  guarded(IID_NULL, [&] { tellFocus(false); });
+  asComResult(IID_NULL, [&] { tellFocus(false); });
 }
 
 void ControlObject::tellFocus(bool got) {
