@@ -2,7 +2,7 @@
 #include "lookup/key_order.h"
 #include "lookup/lookup_engine.h"
 #include "lookup/procedures.h"
-#include "shared/key_tests.h"
+#include "shared/list_admission.h"
 
 namespace keyscout {
 namespace {

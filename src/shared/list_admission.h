@@ -6,6 +6,9 @@
 
 namespace keyscout {
 
+// Which catalog numbers may enter a list: those that it does not hold yet, of brands that the host
+// has authorized.
+
 /// True when `collection` holds an object under `key`, in any letter case. Never fails.
 template <class T>
 bool collectionHasKey(const KeyedCollection<T>& collection, StringView key) noexcept {

@@ -1,4 +1,4 @@
-#include "shared/key_tests.h"
+#include "shared/list_admission.h"
 
 namespace keyscout {
 
