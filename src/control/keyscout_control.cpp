@@ -8,7 +8,7 @@ namespace {
 std::int16_t to16Bits(std::int32_t value) {
   if (value < std::numeric_limits<std::int16_t>::min() ||
       value > std::numeric_limits<std::int16_t>::max())
-    throw platformFailure(PlatformError::overflow, u"keyscoutControl");
+    throw platformFailure(PlatformError::overflow, controlClass);
   return static_cast<std::int16_t>(value);
 }
 

@@ -136,9 +136,8 @@ class keyscoutControl : private LookupClient {
   /// here, since a widget has no use for it.
   template <class Body>
   void contained(StringView name, Body&& body) {
-    Tracer::guarded(body, [&](const Error& error) {
-      tracer_.report({u"keyscoutControl", name, name}, error);
-    });
+    handlingFailure(
+        body, [&](const Error& error) { tracer_.report(controlProcedure(name, name), error); });
   }
 
   Platform& platform_;

@@ -1,5 +1,4 @@
 #include "control/keyscout_control.h"
-#include "control/procedures.h"
 
 namespace keyscout {
 namespace {
@@ -86,15 +85,9 @@ void keyscoutControl::keyscoutList_Click() {
 void keyscoutControl::doit() {
   static constexpr Procedure procedure = controlProcedure(u"doit", u"doit");
   const HostCall call{surface_};
-  tracer_.traced(
-      procedure,
-      [&] {
-        if (!fields_.suppressAccept) acceptSelectedEntry();
-      },
-      [&](const Error& error) {
-        tracer_.report(procedure, error);
-        throw Error{error};
-      });
+  tracer_.traced(procedure, [&] {
+    if (!fields_.suppressAccept) acceptSelectedEntry();
+  });
 }
 
 void keyscoutControl::acceptSelectedEntry() {

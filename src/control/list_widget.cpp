@@ -1,5 +1,4 @@
 #include "control/keyscout_control.h"
-#include "control/procedures.h"
 
 namespace keyscout {
 namespace {
@@ -9,7 +8,7 @@ constexpr StringView listName = u"keyscoutList";
 }  // namespace
 
 DropDownList& keyscoutControl::list() {
-  if (!list_) throw platformFailure(PlatformError::objectNotSet, u"keyscoutControl");
+  if (!list_) throw platformFailure(PlatformError::objectNotSet, controlClass);
   return *list_;
 }
 

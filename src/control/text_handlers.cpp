@@ -1,5 +1,4 @@
 #include "control/keyscout_control.h"
-#include "control/procedures.h"
 
 namespace keyscout {
 

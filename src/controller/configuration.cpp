@@ -1,5 +1,5 @@
 #include "controller/keyscout_controller.h"
-#include "controller/procedures.h"
+#include "controller/refusal.h"
 
 namespace keyscout {
 
@@ -77,20 +77,15 @@ void RWKeyscoutController::authenticateRequiredProperties(
                   String{strKeyscoutDirectory} + u" cannot be found.");
   };
 
-  Tracer::guarded(
-      [&] {
-        tracer_.enter(procedure);
-        if (strKeyscoutDirectory.empty()) refuse(u"strKeyscoutDirectory");
-        if (strKeyscoutIndexFile.empty()) refuse(u"strKeyscoutIndexFile");
-        if (strCatalogNumbersDownloadFile.empty()) refuse(u"strCatalogNumbersDownloadFile");
-        tracer_.message(procedure, u"Keyscout Authenticated!!");
-        setIsKeyscoutAuthenticated(True);
-        tracer_.exit(procedure);
-      },
-      [&](const Error& error) {
-        tracer_.report(procedure, error);
-        throw Error{error};
-      });
+  tracer_.reportingFailure(procedure, [&] {
+    tracer_.enter(procedure);
+    if (strKeyscoutDirectory.empty()) refuse(u"strKeyscoutDirectory");
+    if (strKeyscoutIndexFile.empty()) refuse(u"strKeyscoutIndexFile");
+    if (strCatalogNumbersDownloadFile.empty()) refuse(u"strCatalogNumbersDownloadFile");
+    tracer_.message(procedure, u"Keyscout Authenticated!!");
+    setIsKeyscoutAuthenticated(True);
+    tracer_.exit(procedure);
+  });
 }
 
 }  // namespace keyscout

@@ -1,7 +1,7 @@
 #include <chrono>
 
 #include "controller/keyscout_controller.h"
-#include "controller/procedures.h"
+#include "controller/refusal.h"
 #include "shared/data_format/control_words.h"
 #include "shared/data_format/directory_files.h"
 #include "shared/data_format/record_columns.h"
@@ -68,21 +68,15 @@ Boolean RWKeyscoutController::checkCatalogControlFile() {
 
 Boolean RWKeyscoutController::resetLastTableNumber() {
   static constexpr Procedure procedure = controllerProcedure(u"resetLastTableNumber");
-  return tracer_.traced(
-      procedure,
-      [&]() -> Boolean {
-        module_->lastTableNumber = -1;
-        return True;
-      },
-      [&](const Error& error) -> Boolean {
-        tracer_.report(procedure, error);
-        throw Error{error};
-      });
+  return tracer_.traced(procedure, [&]() -> Boolean {
+    module_->lastTableNumber = -1;
+    return True;
+  });
 }
 
 void RWKeyscoutController::needToUpdate(std::int16_t days) {
   static constexpr Procedure procedure{u"keyscoutModule", u"needToUpdate", u"needToUpdate", 1};
-  Tracer::guarded(
+  handlingFailure(
       [&] {
         const auto written = platform_.files.lastModified(pathInDirectory(KeyscoutIndexFile()));
         const auto age = platform_.clock.now() - written;

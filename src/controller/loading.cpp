@@ -1,5 +1,4 @@
 #include "controller/keyscout_controller.h"
-#include "controller/procedures.h"
 #include "shared/data_format/brand_line.h"
 #include "shared/data_format/directory_files.h"
 #include "shared/data_format/index_line.h"
@@ -15,7 +14,7 @@ constexpr int maxFailuresInARow = 100;
 
 void RWKeyscoutController::initialize() {
   static constexpr Procedure procedure = controllerProcedure(u"initialize");
-  Tracer::guarded(
+  handlingFailure(
       [&] {
         tracer_.enter(procedure);
         module_->brandLookup.emplace();

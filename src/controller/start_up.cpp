@@ -1,5 +1,5 @@
 #include "controller/keyscout_controller.h"
-#include "controller/procedures.h"
+#include "controller/refusal.h"
 
 namespace keyscout {
 
@@ -38,19 +38,13 @@ Boolean RWKeyscoutController::init() {
 
 Boolean RWKeyscoutController::tryToUnlock() {
   static constexpr Procedure procedure = controllerProcedure(u"tryToUnlock");
-  return tracer_.traced(
-      procedure,
-      [&]() -> Boolean {
-        if (!checkCatalogControlFile()) return False;
-        init();
-        if (!isInitialized()) return False;
-        setKeyscoutLocked(False);
-        return True;
-      },
-      [&](const Error& error) -> Boolean {
-        tracer_.report(procedure, error);
-        throw Error{error};
-      });
+  return tracer_.traced(procedure, [&]() -> Boolean {
+    if (!checkCatalogControlFile()) return False;
+    init();
+    if (!isInitialized()) return False;
+    setKeyscoutLocked(False);
+    return True;
+  });
 }
 
 }  // namespace keyscout

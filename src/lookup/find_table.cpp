@@ -1,5 +1,4 @@
 #include "lookup/lookup_engine.h"
-#include "lookup/procedures.h"
 
 namespace keyscout {
 

@@ -1,7 +1,6 @@
 #include "base/numbers.h"
 #include "lookup/key_order.h"
 #include "lookup/lookup_engine.h"
-#include "lookup/procedures.h"
 #include "shared/list_admission.h"
 
 namespace keyscout {
@@ -18,16 +17,11 @@ constexpr std::int16_t fillerEntries = 8;
 void LookupEngine::loadKeyscoutCombo(const String& key, std::int16_t maxCount,
                                      const String& brandFilter) {
   static constexpr Procedure procedure = lookupProcedure(u"loadKeyscoutCombo");
-  Tracer::guarded(
-      [&] {
-        tracer_.enter(procedure);
-        const bool filled = fillList(key, maxCount, brandFilter);
-        if (filled) tracer_.exit(procedure);
-      },
-      [&](const Error& error) {
-        tracer_.report(procedure, error);
-        throw Error{error};
-      });
+  tracer_.reportingFailure(procedure, [&] {
+    tracer_.enter(procedure);
+    const bool filled = fillList(key, maxCount, brandFilter);
+    if (filled) tracer_.exit(procedure);
+  });
 }
 
 /// False when the catalog ended before the list had `maxCount` entries.
@@ -75,7 +69,7 @@ std::unique_ptr<SequentialFile> LookupEngine::openNextTable() {
   if (!platform_.files.exists(path)) {
     tracer_.log(lookupProcedure(u"keyInKeyscout"), u"Missing catalog table: " + path);
     for (int i = 0; i < fillerEntries; ++i) client_.list().append(u"");
-    throw platformFailure(PlatformError::fileAccess, u"keyscoutControl");
+    throw platformFailure(PlatformError::fileAccess, controlClass);
   }
   return platform_.files.open(path);
 }

@@ -1,5 +1,4 @@
 #include "lookup/lookup_engine.h"
-#include "lookup/procedures.h"
 
 namespace keyscout {
 namespace {
@@ -21,11 +20,11 @@ LookupEngine::LookupEngine(Platform& platform, LookupClient& client)
     : platform_(platform), client_(client), tracer_(platform.objectLibrary) {}
 
 void LookupEngine::keyInKeyscout(String& text, const String& brand) {
-  Tracer::guarded([&] { matchText(text, brand); }, [&](const Error&) { respondToFailure(); });
+  handlingFailure([&] { matchText(text, brand); }, [&](const Error&) { respondToFailure(); });
 }
 
 void LookupEngine::scrollDownKeyscoutWithBrand(const String& catalogNumber, const String& brand) {
-  Tracer::guarded([&] { extendList(catalogNumber, brand); },
+  handlingFailure([&] { extendList(catalogNumber, brand); },
                   [&](const Error&) { respondToFailure(); });
 }
 

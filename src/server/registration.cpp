@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "base/failure_handling.h"
 #include "keyscout_h.h"
 #include "platform/win32/instance.h"
 #include "server/com/failures.h"
@@ -40,7 +41,7 @@ Removal removeFrom(HKEY root) {
   const Removal removal = removeEntries(root);
   // The type library is written last: without the classes it is not there, either.
   if (removal == Removal::nothing) return removal;
-  asComResult(IID_NULL, [&] {
+  ignoringFailure([&] {
     const ClassesKey classes{root};
     removeTypeLibrary(root);
   });

@@ -1,21 +1,12 @@
 #pragma once
 
-#include <cstdint>
 #include <type_traits>
-#include <utility>
 
-#include "base/error.h"
+#include "base/failure_handling.h"
 #include "platform/object_library.h"
+#include "shared/procedure.h"
 
 namespace keyscout {
-
-/// How one operation is named in the trace.
-struct Procedure {
-  StringView className;
-  StringView name;         // in the reports of entry and exit
-  StringView failureName;  // in the report of a failure
-  std::int32_t traceLevel = 0;
-};
 
 /// Reports to the calling thread's trace service, which the object library makes at its first use.
 class Tracer {
@@ -35,44 +26,45 @@ class Tracer {
   /// `onFailure` as an `Error`, whose result then stands for the body's.
   template <class Body, class OnFailure>
   auto traced(const Procedure& procedure, Body&& body, OnFailure&& onFailure) {
-    return guarded(
-        [&] {
-          enter(procedure);
-          if constexpr (std::is_void_v<decltype(body())>) {
-            body();
-            exit(procedure);
-          } else {
-            auto result = body();
-            exit(procedure);
-            return result;
-          }
-        },
-        onFailure);
+    return handlingFailure([&] { return enteredAndLeft(procedure, body); }, onFailure);
   }
 
-  /// Runs `body`, which makes its own reports. A failure goes to `onFailure` as an `Error`.
-  template <class Body, class OnFailure>
-  static auto guarded(Body&& body, OnFailure&& onFailure) -> decltype(body()) {
+  /// The same for an operation whose failures are for its caller: they are reported and passed on.
+  template <class Body>
+  auto traced(const Procedure& procedure, Body&& body) {
+    return reportingFailure(procedure, [&] { return enteredAndLeft(procedure, body); });
+  }
+
+  /// Runs `body`, which reports its entry and exits itself. A failure is reported and passed on to
+  /// the caller as an `Error`.
+  template <class Body>
+  auto reportingFailure(const Procedure& procedure, Body&& body) {
     try {
       return body();
     } catch (...) {
-      return onFailure(currentError());
+      const Error error = currentError();
+      report(procedure, error);
+      throw Error{error};
     }
   }
 
  private:
+  template <class Body>
+  auto enteredAndLeft(const Procedure& procedure, Body&& body) {
+    enter(procedure);
+    if constexpr (std::is_void_v<decltype(body())>) {
+      body();
+      exit(procedure);
+    } else {
+      auto result = body();
+      exit(procedure);
+      return result;
+    }
+  }
+
   TraceService& service();
 
   ObjectLibrary& library_;
 };
-
-/// Runs one step whose failure changes nothing for the steps after it.
-template <class Step>
-void ignoringFailure(Step&& step) noexcept {
-  try {
-    step();
-  } catch (...) {  // NOLINT(bugprone-empty-catch): ignoring it is the purpose
-  }
-}
 
 }  // namespace keyscout

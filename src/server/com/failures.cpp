@@ -2,6 +2,7 @@
 
 #include <oleauto.h>
 
+#include "base/failure_handling.h"
 #include "server/com/com_ptr.h"
 #include "server/com/values.h"
 
@@ -38,10 +39,8 @@ HRESULT currentFailure(REFIID interfaceId) noexcept {
     return failure.result;
   } catch (...) {
     const Error error = currentError();
-    try {
-      leaveErrorInformation(error, interfaceId);
-    } catch (...) {  // NOLINT(bugprone-empty-catch): the number goes out all the same
-    }
+    // The number goes out all the same.
+    ignoringFailure([&] { leaveErrorInformation(error, interfaceId); });
     return resultOf(error);
   }
 }

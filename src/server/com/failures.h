@@ -28,7 +28,7 @@ HRESULT currentFailure(REFIID interfaceId) noexcept;
 
 /// What `body` ends with, as a COM method of `interfaceId` returns it: no exception leaves it.
 template <class Body>
-HRESULT asComResult(REFIID interfaceId, Body&& body) noexcept {
+[[nodiscard]] HRESULT asComResult(REFIID interfaceId, Body&& body) noexcept {
   try {
     body();
     return S_OK;

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "base/failure_handling.h"
 #include "platform/win32/input.h"
 #include "server/control/control_object.h"
 
@@ -93,7 +94,7 @@ ComPtr<IOleInPlaceSite> ControlObject::leaveSite() {
 }
 
 void ControlObject::focusCame() noexcept {
-  asComResult(IID_NULL, [&] {
+  ignoringFailure([&] {
     if (!inPlaceSite_) return;
     activateUi();
     tellFocus(true);
@@ -101,7 +102,7 @@ void ControlObject::focusCame() noexcept {
 }
 
 void ControlObject::focusLeft() noexcept {
-  asComResult(IID_NULL, [&] { tellFocus(false); });
+  ignoringFailure([&] { tellFocus(false); });
 }
 
 void ControlObject::tellFocus(bool got) {
