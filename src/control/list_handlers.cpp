@@ -1,10 +1,8 @@
 #include "control/keyscout_control.h"
+#include "lookup/list_limits.h"
 
 namespace keyscout {
 namespace {
-
-// The list grows no more once an entry at this index is its last.
-constexpr std::int16_t lastExtensibleEntry = 998;
 
 bool movesSelection(std::int16_t keyCode) {
   return keyCode == KeyCodes::pageUp || keyCode == KeyCodes::pageDown || keyCode == KeyCodes::up ||
@@ -44,7 +42,7 @@ void keyscoutControl::answerListKey(std::int16_t keyCode, std::int16_t shift) {
 
 void keyscoutControl::extendList(std::int16_t lastEntry) {
   const String text = list().entryText(lastEntry);
-  if (text.empty() || lastEntry > lastExtensibleEntry) return;
+  if (text.empty() || lastEntry >= ListLimits::maxEntries) return;
   const String catalogNumber = lookup_.fields().catalogEntries.item(text).CatalogNumber();
   lookup_.scrollDownKeyscoutWithBrand(catalogNumber, fields_.brand);
 }

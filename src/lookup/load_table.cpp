@@ -1,15 +1,10 @@
 #include "base/numbers.h"
 #include "lookup/key_order.h"
+#include "lookup/list_limits.h"
 #include "lookup/lookup_engine.h"
 #include "shared/list_admission.h"
 
 namespace keyscout {
-namespace {
-
-constexpr std::int16_t maxEntries = 999;
-constexpr std::int16_t fillerEntries = 8;
-
-}  // namespace
 
 /// Appends the admitted catalog numbers from the first one at or above `key` on, beginning in the
 /// table at `currentTableIndex`, until the list has `maxCount` entries. On a failure the entries
@@ -34,7 +29,7 @@ bool LookupEngine::fillList(const String& key, std::int16_t maxCount, const Stri
   DropDownList& list = client_.list();
   const auto isFull = [&] {
     const std::int16_t count = list.entryCount();
-    return count >= maxCount || count >= maxEntries;
+    return count >= maxCount || count >= ListLimits::maxEntries;
   };
 
   if (isFull()) return true;
@@ -68,7 +63,7 @@ std::unique_ptr<SequentialFile> LookupEngine::openNextTable() {
   const String path = tablePath(decimal(fields_.currentTableIndex));
   if (!platform_.files.exists(path)) {
     tracer_.log(lookupProcedure(u"keyInKeyscout"), u"Missing catalog table: " + path);
-    for (int i = 0; i < fillerEntries; ++i) client_.list().append(u"");
+    for (int i = 0; i < ListLimits::fillers; ++i) client_.list().append(u"");
     throw platformFailure(PlatformError::fileAccess, controlClass);
   }
   return platform_.files.open(path);
@@ -77,7 +72,7 @@ std::unique_ptr<SequentialFile> LookupEngine::openNextTable() {
 /// Fills a short list up with empty entries, so that its drop-down keeps its height.
 void LookupEngine::markEndOfCatalog() {
   DropDownList& list = client_.list();
-  while (list.entryCount() < fillerEntries) list.append(u"");
+  while (list.entryCount() < ListLimits::fillers) list.append(u"");
   fields_.endOfCatalogReached = True;
 }
 

@@ -1,10 +1,8 @@
+#include "lookup/list_limits.h"
 #include "lookup/lookup_engine.h"
 
 namespace keyscout {
 namespace {
-
-// Entries that typing asks for, that a grown text leaves as they are, and that scrolling adds.
-constexpr std::int16_t pageOfEntries = 9;
 
 constexpr Procedure keyIn = lookupProcedure(u"keyInKeyscout");
 constexpr Procedure scrollDown = lookupProcedure(u"scrollDownKeyscoutWithBrand");
@@ -37,6 +35,8 @@ void LookupEngine::matchText(String& text, const String& brand) {
   }
 
   fields_.endOfCatalogReached = False;
+  // No guard object turns drawing on again: each way out has its own moment for that, before or
+  // after the list is shown and the exit reported.
   client_.list().setRedraw(false);
   const auto finish = [&] {
     tracer_.exit(keyIn);
@@ -50,7 +50,7 @@ void LookupEngine::matchText(String& text, const String& brand) {
   }
   fields_.lastLookupText = text;
 
-  if (client_.list().entryCount() >= pageOfEntries) {
+  if (client_.list().entryCount() >= ListLimits::page) {
     client_.showList();
     return finish();
   }
@@ -71,7 +71,7 @@ void LookupEngine::matchText(String& text, const String& brand) {
   fields_.currentTableIndex = findTableNumber(text);
   if (fields_.currentTableIndex < 0) return finish();
 
-  loadKeyscoutCombo(text, pageOfEntries, brand);
+  loadKeyscoutCombo(text, ListLimits::page, brand);
   client_.list().setRedraw(true);
   client_.showList();
   tracer_.exit(keyIn);
@@ -96,7 +96,7 @@ void LookupEngine::extendList(const String& catalogNumber, const String& brand) 
   }
 
   fields_.tableLoadPending = True;
-  const auto wanted = static_cast<std::int16_t>(client_.list().entryCount() + pageOfEntries);
+  const auto wanted = static_cast<std::int16_t>(client_.list().entryCount() + ListLimits::page);
   loadKeyscoutCombo(catalogNumber, wanted, brand);
   client_.showList();
   tracer_.exit(scrollDown);

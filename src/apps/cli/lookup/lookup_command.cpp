@@ -8,13 +8,11 @@
 #include "apps/cli/files/path_text.h"
 #include "apps/cli/lookup/lookup.h"
 #include "apps/cli/lookup/lookup_output.h"
+#include "lookup/list_limits.h"
 #include "platform/local/native_files.h"
 
 namespace keyscout {
 namespace {
-
-// A list ends at 999 entries.
-constexpr int maxEntries = 999;
 
 int run(LookupRequest request, bool asJson) {
   LookupAnswer answer;
@@ -52,7 +50,7 @@ void addLookupCommand(CLI::App& app, int& status) {
   command->add_option("--authorized", request->authorized, "A brand that may be listed; repeatable")
       ->allow_extra_args(false);
   command->add_option("--count", request->count, "Walk down the list until it has so many entries")
-      ->check(CLI::Range(1, maxEntries));
+      ->check(CLI::Range(1, int{ListLimits::maxEntries}));
   command->add_flag("--json", *asJson, "Print one JSON object");
   command->add_option("--index", request->directory.indexFile, "The index file's name")
       ->capture_default_str();

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <map>
 
+#include "lookup/list_limits.h"
+
 namespace keyscout {
 namespace {
 
@@ -125,7 +127,7 @@ void SessionView::showList(const Json& state) {
 
   const Json& entries = state["list"]["entries"];
   const int selected = state["list"]["selected"];
-  constexpr int rows = 9;
+  constexpr int rows = ListLimits::page;
   // As a drop-down list does, the selected entry stays in sight.
   const int first = std::max(0, selected - rows + 1);
   const int last = std::min(static_cast<int>(entries.size()), first + rows);

@@ -2,13 +2,14 @@
 
 #include <algorithm>
 
+#include "lookup/list_limits.h"
+
 namespace keyscout {
 namespace {
 
 constexpr int stateColumns = 27;
 constexpr int formRows = 8;
 constexpr int labelColumns = 12;
-constexpr int maxShownEntries = 9;
 
 }  // namespace
 
@@ -33,7 +34,7 @@ Layout::Layout(int rows, int columns) : fits(rows >= minRows && columns >= minCo
 Rectangle Layout::dropDown(const Rectangle& field, int entries) const {
   constexpr int frame = 2;
   const int room = keys.row - field.row - 1;
-  const int rows = std::min({entries, maxShownEntries, room - frame}) + frame;
+  const int rows = std::min({entries, int{ListLimits::page}, room - frame}) + frame;
   return {field.row + 1, field.column - 1, rows, field.columns + 2};
 }
 
