@@ -38,6 +38,7 @@ void keyscoutControl::setText(StringView value) {
     textBox_.setText(value);
     return;
   }
+  // No guard object: where the text box fails, lookups stay disabled, as the host can see.
   module_->KeyscoutEnabled = False;
   textBox_.setText(value);
   module_->KeyscoutEnabled = True;

@@ -34,7 +34,8 @@ class keyscoutControl : private LookupClient {
   // Properties
 
   String text() const;
-  /// Starts no lookup: lookups are disabled on the whole thread while the text is written.
+  /// Starts no lookup: lookups are disabled on the whole thread while the text is written, and
+  /// remain so where that fails.
   void setText(StringView value);
 
   /// In UTF-16 code units; getting fails with overflow (6) beyond 32767, setting a negative value
@@ -76,8 +77,18 @@ class keyscoutControl : private LookupClient {
   /// with the widget's or the collection's error.
   void doit();
 
-  // Handlers of what the widgets and the surface report
+  // What a host's developer wants to see while debugging
 
+  const ControlFields& fields() const { return fields_; }
+  const LookupFields& lookupFields() const { return lookup_.fields(); }
+  /// The list widget, null while the control has none.
+  const DropDownList* keyscoutList() const { return list_; }
+
+ private:
+  // What the widgets and the surface report, each called by its forwarder alone.
+  friend class SurfaceForwarder;
+  friend class TextBoxForwarder;
+  friend class DropDownListForwarder;
   void keyscoutControl_Resize();
   void keyscoutControl_LostFocus();
   void keyscoutControl_ExitFocus();
@@ -97,14 +108,6 @@ class keyscoutControl : private LookupClient {
   void keyscoutList_Change();
   void keyscoutList_Click();
 
-  // What a host's developer wants to see while debugging
-
-  const ControlFields& fields() const { return fields_; }
-  const LookupFields& lookupFields() const { return lookup_.fields(); }
-  /// The list widget, null while the control has none.
-  const DropDownList* keyscoutList() const { return list_; }
-
- private:
   // LookupClient
   DropDownList& list() override;
   String typedText() const override { return textBox_.text(); }

@@ -49,7 +49,8 @@ void keyscoutControl::hideList() {
   tracer_.traced(
       procedure,
       [&] {
-        // A list that closes may report a click, which must not accept its entry.
+        // A list that closes may report a click, which must not accept its entry. No guard object:
+        // a list that could not be closed must not accept, either.
         fields_.suppressAccept = True;
         sendShowDropDown(false);
         fields_.suppressAccept = False;

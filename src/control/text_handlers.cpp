@@ -23,7 +23,8 @@ void keyscoutControl::keyscoutText_Change() {
 
 void keyscoutControl::lookUpText() {
   surface_.setMousePointer(0);
-  // Lookups move and clear the list's selection; no report of that may accept an entry.
+  // Lookups move and clear the list's selection; no report of that may accept an entry. No guard
+  // object: after a failure the flag holds until the list is closed.
   fields_.suppressAccept = True;
   String text = textBox_.text();
   if (text.empty()) {
