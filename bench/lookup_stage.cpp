@@ -3,8 +3,6 @@
 #include <stdexcept>
 
 #include "base/utf8.h"
-#include "platform/local/trace_services.h"
-#include "platform/thread_slot.h"
 
 namespace keyscout::bench {
 
@@ -13,11 +11,7 @@ MessageBoxButton LookupStage::Box::show(StringView text, std::int32_t, StringVie
 }
 
 LookupStage::LookupStage(const std::filesystem::path& directory)
-    : library_(std::make_shared<SilentTrace>()),
-      platform_{files_, clock_, windows1252(), textRules_, box_, library_},
-      controller_((ThreadSlot::releaseThisThread(), platform_)),
-      surface_(form_.addSurface()),
-      control_(platform_, *surface_, events_) {
+    : surface_(form_.addSurface()), control_(platform_, *surface_, events_) {
   controller_.setKeyscoutDirectory(fromUtf8(directory.string()));
   controller_.setKeyscoutIndexFile(u"catindex.txt");
   controller_.setCatalogNumbersDownloadFile(u"download.txt");
@@ -25,8 +19,6 @@ LookupStage::LookupStage(const std::filesystem::path& directory)
   controller_.setKeyscoutEnabled(True);
   focusText();
 }
-
-LookupStage::~LookupStage() { ThreadSlot::releaseThisThread(); }
 
 void LookupStage::enter(const std::string& text) { surface_->textBox().setText(fromUtf8(text)); }
 

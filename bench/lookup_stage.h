@@ -7,11 +7,10 @@
 
 #include "control/keyscout_control.h"
 #include "controller/keyscout_controller.h"
-#include "platform/local/local_library.h"
-#include "platform/local/portable_text_rules.h"
-#include "platform/local/system_clock.h"
+#include "platform/local/local_platform.h"
 #include "platform/memory/memory_form.h"
 #include "platform/posix/posix_files.h"
+#include "platform/thread_slot.h"
 
 namespace keyscout::bench {
 
@@ -19,9 +18,6 @@ namespace keyscout::bench {
 class LookupStage {
  public:
   explicit LookupStage(const std::filesystem::path& directory);
-  ~LookupStage();
-  LookupStage(const LookupStage&) = delete;
-  LookupStage& operator=(const LookupStage&) = delete;
 
   /// Replaces the text in one change, which starts a lookup.
   void enter(const std::string& text);
@@ -38,13 +34,11 @@ class LookupStage {
     MessageBoxButton show(StringView text, std::int32_t style, StringView title) override;
   };
 
+  FreshThreadState freshState_;
   PosixFiles files_;
-  SystemClock clock_;
-  PortableTextRules textRules_;
   Box box_;
-  LocalLibrary library_;
-  Platform platform_;
-  RWKeyscoutController controller_;
+  LocalPlatform platform_{files_, box_};
+  RWKeyscoutController controller_{platform_};
   MemoryForm form_;
   std::unique_ptr<PlayableSurface> surface_;
   keyscoutControlEvents events_;

@@ -6,27 +6,12 @@
 #include "base/utf8.h"
 #include "control/keyscout_control.h"
 #include "controller/keyscout_controller.h"
-#include "platform/local/local_library.h"
-#include "platform/local/portable_text_rules.h"
-#include "platform/local/system_clock.h"
-#include "platform/local/trace_services.h"
+#include "platform/local/local_platform.h"
+#include "platform/local/silent_message_box.h"
 #include "platform/memory/memory_form.h"
 #include "platform/posix/posix_files.h"
 
-namespace {
-
 using namespace keyscout;
-
-/// Nobody is there to be asked whether to update.
-class NoUpdate final : public MessageBox {
- public:
-  MessageBoxButton show(StringView text, std::int32_t /*style*/, StringView /*title*/) override {
-    std::cerr << toUtf8(text) << '\n';
-    return MessageBoxButton::no;
-  }
-};
-
-}  // namespace
 
 int main(int argc, char** argv) {
   if (argc != 3) {
@@ -36,11 +21,8 @@ int main(int argc, char** argv) {
 
   // What the component asks of the world around it.
   PosixFiles files;
-  SystemClock clock;
-  PortableTextRules textRules;
-  NoUpdate messageBox;
-  LocalLibrary library{std::make_shared<SilentTrace>()};
-  Platform platform{files, clock, windows1252(), textRules, messageBox, library};
+  SilentMessageBox messageBox;
+  LocalPlatform platform{files, messageBox};
 
   RWKeyscoutController controller{platform};
   controller.setKeyscoutDirectory(fromUtf8(argv[1]));
@@ -66,4 +48,8 @@ int main(int argc, char** argv) {
   for (const char16_t character : fromUtf8(argv[2])) form.type(character);
   if (const auto list = surface->listView())
     for (const String& entry : list->entries) std::cout << toUtf8(entry) << '\n';
+  if (messageBox.wasShown()) {
+    std::cerr << "the lookup failed\n";
+    return 1;
+  }
 }

@@ -22,4 +22,15 @@ struct ThreadSlot {
   static void releaseThisThread() { ofThisThread().release(); }
 };
 
+/// The calling thread as if the component had not been used on it yet, from this object's making
+/// on; and after its end once more. For hosts that serve in turn on one thread: none finds what
+/// another left there.
+class FreshThreadState {
+ public:
+  FreshThreadState() { ThreadSlot::releaseThisThread(); }
+  ~FreshThreadState() { ThreadSlot::releaseThisThread(); }
+  FreshThreadState(const FreshThreadState&) = delete;
+  FreshThreadState& operator=(const FreshThreadState&) = delete;
+};
+
 }  // namespace keyscout

@@ -3,7 +3,6 @@
 #include <cmath>
 
 #include "base/utf8.h"
-#include "platform/thread_slot.h"
 
 namespace keyscout::test {
 namespace {
@@ -90,10 +89,8 @@ Stage::Stage(CallHook* hook)
     : hookedFiles(hooked(nativeFiles, hook)),
       library(hooked(trace, hook)),
       platform{files(), clock, windows1252(), textRules, box, library},
-      controller((ThreadSlot::releaseThisThread(), platform)),
+      controller(platform),
       form(makeForm(hook)) {}
-
-Stage::~Stage() { ThreadSlot::releaseThisThread(); }
 
 void Stage::configure(const DataDirectory& directory) {
   controller.setKeyscoutDirectory(directory.hostPath());

@@ -16,6 +16,7 @@
 #include "platform/local/portable_text_rules.h"
 #include "platform/local/trace_services.h"
 #include "platform/playable.h"
+#include "platform/thread_slot.h"
 #include "support/data_directory.h"
 #include "support/toolkit.h"
 
@@ -91,7 +92,6 @@ struct StagedControl {
 class Stage {
  public:
   explicit Stage(CallHook* hook = nullptr);
-  ~Stage();
 
   /// Sets the three settings for `directory`.
   void configure(const DataDirectory& directory);
@@ -112,6 +112,7 @@ class Stage {
   /// The trace since the last call, each as "> Name", "< Name", "! Name number" or "- text".
   Strings takeTrace();
 
+  FreshThreadState freshState;
   NativeFiles nativeFiles;
   FixedClock clock;
   PortableTextRules textRules;

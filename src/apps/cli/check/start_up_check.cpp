@@ -3,18 +3,12 @@
 #include "apps/cli/files/path_text.h"
 #include "apps/cli/host/catalog_host.h"
 #include "base/utf8.h"
+#include "platform/local/silent_message_box.h"
 #include "shared/data_format/directory_files.h"
 #include "shared/data_format/record_columns.h"
 
 namespace keyscout {
 namespace {
-
-class NoMessageBox final : public MessageBox {
- public:
-  MessageBoxButton show(StringView, std::int32_t, StringView) override {
-    return MessageBoxButton::no;
-  }
-};
 
 template <class Check>
 void checkFile(const CheckedDirectory& directory, CatalogHost& host, const std::string& file,
@@ -29,7 +23,7 @@ void checkFile(const CheckedDirectory& directory, CatalogHost& host, const std::
 }  // namespace
 
 void checkStartUp(const CheckedDirectory& directory) {
-  NoMessageBox messageBox;
+  SilentMessageBox messageBox;
   CatalogHost host{directory.files, messageBox};
   RWKeyscoutController& controller = host.controller();
   host.configure(directory.names);

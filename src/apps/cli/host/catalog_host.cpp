@@ -4,17 +4,11 @@
 
 #include "apps/cli/files/path_text.h"
 #include "base/utf8.h"
-#include "shared/keyscout_module.h"
 
 namespace keyscout {
 
-CatalogHost::CleanState::CleanState() { keyscoutModule::ofThisThread() = {}; }
-CatalogHost::CleanState::~CleanState() { keyscoutModule::ofThisThread() = {}; }
-
 CatalogHost::CatalogHost(Files& files, MessageBox& messageBox)
-    : platform_{files, clock_, windows1252(), textRules_, messageBox, library_} {}
-
-CatalogHost::~CatalogHost() = default;
+    : platform_(files, messageBox, trace_) {}
 
 void CatalogHost::configure(const DataDirectory& directory) {
   controller_.setKeyscoutDirectory(fromUtf8(pathText(directory.path)));

@@ -7,11 +7,9 @@
 #include "apps/cli/host/data_directory.h"
 #include "apps/cli/host/failure_trace.h"
 #include "controller/keyscout_controller.h"
-#include "platform/local/local_library.h"
-#include "platform/local/portable_text_rules.h"
-#include "platform/local/system_clock.h"
+#include "platform/local/local_platform.h"
 #include "platform/memory/memory_form.h"
-#include "platform/platform.h"
+#include "platform/thread_slot.h"
 
 namespace keyscout {
 
@@ -22,7 +20,6 @@ class CatalogHost {
  public:
   /// Both must outlive the host.
   CatalogHost(Files& files, MessageBox& messageBox);
-  ~CatalogHost();
   CatalogHost(const CatalogHost&) = delete;
   CatalogHost& operator=(const CatalogHost&) = delete;
 
@@ -39,17 +36,9 @@ class CatalogHost {
   std::string takeFailure() { return trace_->take(); }
 
  private:
-  struct CleanState {
-    CleanState();
-    ~CleanState();
-  };
-
-  CleanState cleanState_;
-  SystemClock clock_;
-  PortableTextRules textRules_;
+  FreshThreadState freshState_;
   std::shared_ptr<FailureTrace> trace_ = std::make_shared<FailureTrace>();
-  LocalLibrary library_{trace_};
-  Platform platform_;
+  LocalPlatform platform_;
   RWKeyscoutController controller_{platform_};
   MemoryForm form_;
 };

@@ -7,24 +7,12 @@
 #include "base/utf8.h"
 #include "control/keyscout_control.h"
 #include "platform/local/local_brand_list.h"
+#include "platform/local/silent_message_box.h"
 
 namespace keyscout {
 namespace {
 
 constexpr auto keyOfPaste = static_cast<std::int16_t>(u'V');
-
-/// Nobody sits here to be asked.
-class SilentMessageBox final : public MessageBox {
- public:
-  MessageBoxButton show(StringView, std::int32_t, StringView) override {
-    wasShown_ = true;
-    return MessageBoxButton::no;
-  }
-  bool wasShown() const { return wasShown_; }
-
- private:
-  bool wasShown_ = false;
-};
 
 /// A form with one control, and the person who pastes a text into it and walks down its list.
 class LookupForm final : private keyscoutControlEvents {

@@ -64,13 +64,7 @@ ScriptedHost::ScriptedHost(Files& files, Widgets widgets)
     : widgets_(widgets),
       form_(makeForm(widgets, faults_)),
       files_(files, faults_),
-      platform_{files_, clock_, windows1252(), textRules_, messageBox_, library_} {}
-
-ScriptedHost::~ScriptedHost() {
-  controls_.clear();
-  // The thread's state outlives this host, the trace that it holds does not.
-  keyscoutModule::ofThisThread().traceService.reset();
-}
+      platform_(files_, messageBox_, std::make_shared<HookedTrace>(trace_, faults_)) {}
 
 const std::map<std::string, ScriptedHost::Command>& ScriptedHost::commands() {
   static const std::map<std::string, Command> table{

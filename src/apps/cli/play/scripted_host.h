@@ -12,18 +12,16 @@
 #include "controller/keyscout_controller.h"
 #include "platform/decorators/hooked_files.h"
 #include "platform/decorators/hooked_trace.h"
-#include "platform/local/local_library.h"
-#include "platform/local/portable_text_rules.h"
-#include "platform/local/system_clock.h"
+#include "platform/local/local_platform.h"
+#include "platform/thread_slot.h"
 
 namespace keyscout {
 
 /// A host application that is driven by commands: one controller and any number of controls on one
-/// form.
+/// form. One at a time on a thread, whose shared state it owns.
 class ScriptedHost {
  public:
   explicit ScriptedHost(Files& files, Widgets widgets = Widgets::memory);
-  ~ScriptedHost();
   ScriptedHost(const ScriptedHost&) = delete;
   ScriptedHost& operator=(const ScriptedHost&) = delete;
 
@@ -63,17 +61,15 @@ class ScriptedHost {
   Json state(const Json& command);
   Json shared(const Json& command);
 
+  FreshThreadState freshState_;
   FaultPlan faults_;
   Widgets widgets_;
   std::unique_ptr<PlayableForm> form_;
   HookedFiles files_;
-  SystemClock clock_;
-  PortableTextRules textRules_;
   CommandNotes notes_;
   ScriptedMessageBox messageBox_{notes_};
   std::shared_ptr<CollectingTrace> trace_ = std::make_shared<CollectingTrace>();
-  LocalLibrary library_{std::make_shared<HookedTrace>(trace_, faults_)};
-  Platform platform_;
+  LocalPlatform platform_;
   RWKeyscoutController controller_{platform_};
   EventHandlers handlers_{controller_};
   std::map<std::string, std::unique_ptr<ScriptedControl>> controls_;

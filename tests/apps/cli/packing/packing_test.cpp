@@ -16,10 +16,8 @@
 #include "base/numbers.h"
 #include "base/utf8.h"
 #include "controller/keyscout_controller.h"
-#include "platform/local/local_library.h"
-#include "platform/local/portable_text_rules.h"
-#include "platform/local/system_clock.h"
-#include "platform/local/trace_services.h"
+#include "platform/local/local_platform.h"
+#include "platform/local/silent_message_box.h"
 #include "platform/posix/posix_files.h"
 #include "platform/thread_slot.h"
 
@@ -403,23 +401,13 @@ TEST_F(Pack, GivesAFileThatIsNoTextUpEarly) {
             std::string::npos);
 }
 
-class NoMessageBox final : public MessageBox {
- public:
-  MessageBoxButton show(StringView, std::int32_t, StringView) override {
-    return MessageBoxButton::no;
-  }
-};
-
 TEST_F(Pack, IsReadBackByTheController) {
-  ThreadSlot::releaseThisThread();
+  const FreshThreadState freshState;
   const PackSummary summary = pack(scatteredDownload(1500));
 
   PosixFiles files;
-  SystemClock clock;
-  PortableTextRules textRules;
-  NoMessageBox messageBox;
-  LocalLibrary library{std::make_shared<SilentTrace>()};
-  Platform platform{files, clock, windows1252(), textRules, messageBox, library};
+  SilentMessageBox messageBox;
+  LocalPlatform platform{files, messageBox};
   RWKeyscoutController controller{platform};
   controller.setKeyscoutDirectory(fromUtf8(directory().string()));
   controller.setKeyscoutIndexFile(fromUtf8(summary.indexName.string()));
@@ -436,7 +424,6 @@ TEST_F(Pack, IsReadBackByTheController) {
     const auto before = static_cast<std::int16_t>(i - 1);
     EXPECT_LT(module.getLastCatalog(before), module.getFirstCatalog(i));
   }
-  ThreadSlot::releaseThisThread();
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include "apps/cli/play/scripted_host.h"
 #include "base/utf8.h"
 #include "platform/local/native_files.h"
-#include "platform/thread_slot.h"
 #include "support/stage.h"
 
 namespace keyscout::test {
@@ -11,16 +10,7 @@ namespace {
 
 class Play : public testing::Test {
  protected:
-  Play() {
-    ThreadSlot::releaseThisThread();
-    host = std::make_unique<ScriptedHost>(files);
-  }
-  ~Play() override {
-    host.reset();
-    ThreadSlot::releaseThisThread();
-  }
-
-  Json run(const std::string& command) { return host->run(command); }
+  Json run(const std::string& command) { return host.run(command); }
   void runAll(const Strings& commands) {
     for (const std::string& command : commands) ASSERT_TRUE(run(command)["ok"]) << command;
   }
@@ -39,7 +29,7 @@ class Play : public testing::Test {
 
   DataDirectory directory{{series("A", 12, {"ACME", "BOLT"})}};
   NativeFiles files;
-  std::unique_ptr<ScriptedHost> host;
+  ScriptedHost host{files};
 };
 
 TEST_F(Play, AnswersWhatItCannotUnderstand) {
