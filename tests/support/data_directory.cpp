@@ -1,8 +1,6 @@
 #include "support/data_directory.h"
 
-#include <atomic>
 #include <fstream>
-#include <random>
 #include <set>
 #include <stdexcept>
 
@@ -17,21 +15,6 @@ std::string padded(std::string text, std::size_t width) {
 }
 
 }  // namespace
-
-TemporaryFolder::TemporaryFolder() {
-  static std::atomic<int> next{0};
-  static const auto process = std::random_device{}();
-  path_ = std::filesystem::temp_directory_path() /
-          ("keyscout-test-" + std::to_string(process) + "-" + std::to_string(next++));
-  std::filesystem::create_directories(path_);
-}
-
-TemporaryFolder::~TemporaryFolder() {
-  std::error_code ignored;
-  std::filesystem::remove_all(path_, ignored);
-}
-
-String TemporaryFolder::hostPath() const { return fromUtf8(path_.string()) + u"\\"; }
 
 std::string tableLine(const Entry& entry) {
   return padded(entry.index, 10) + padded(entry.number, 60) + entry.brand;

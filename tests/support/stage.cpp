@@ -127,13 +127,4 @@ Strings Stage::takeTrace() {
 
 keyscoutModule& shared() { return keyscoutModule::ofThisThread(); }
 
-std::int32_t errorOf(const std::function<void()>& action) {
-  try {
-    action();
-    return 0;
-  } catch (const Error& error) {
-    return error.number();
-  }
-}
-
 }  // namespace keyscout::test

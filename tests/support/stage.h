@@ -18,6 +18,7 @@
 #include "platform/playable.h"
 #include "platform/thread_slot.h"
 #include "support/data_directory.h"
+#include "support/error_of.h"
 #include "support/toolkit.h"
 
 namespace keyscout::test {
@@ -130,8 +131,5 @@ class Stage {
 };
 
 keyscoutModule& shared();
-
-/// The number of the error that `action` fails with, 0 where it does not.
-std::int32_t errorOf(const std::function<void()>& action);
 
 }  // namespace keyscout::test

@@ -10,6 +10,7 @@
 #include <map>
 
 #include "keyscout_h.h"
+#include "support/temporary_folder.h"
 #include "support/test_form.h"
 
 namespace keyscout {
@@ -236,7 +237,8 @@ TEST_F(Registration, FollowsTheLibraryToAnotherFolder) {
   ASSERT_EQ(registerIt(), S_OK);
   const Dump before = machine();
   // As long as the system loads libraries from, and in letters of several code pages.
-  auto folder = std::filesystem::temp_directory_path() / L"Größe Ωλ 数据 100%";
+  const test::TemporaryFolder parent;
+  auto folder = parent.path() / L"Größe Ωλ 数据 100%";
   while (folder.native().size() < 200) folder /= L"ein Ordner";
   std::filesystem::create_directories(folder);
   const auto moved = folder / L"keyscout.dll";
@@ -262,7 +264,6 @@ TEST_F(Registration, FollowsTheLibraryToAnotherFolder) {
   EXPECT_EQ(difference(machine(), expected), "");
   EXPECT_EQ(removeIt(), S_OK);
   FreeLibrary(std::exchange(library_, nullptr));
-  std::filesystem::remove_all(std::filesystem::temp_directory_path() / L"Größe Ωλ 数据 100%");
 }
 
 }  // namespace

@@ -1,8 +1,5 @@
 #include "support/catalog_folder.h"
 
-#include <windows.h>
-
-#include <atomic>
 #include <filesystem>
 #include <fstream>
 
@@ -33,11 +30,6 @@ std::string indexLine(const char* tableNumber, const char* family) {
 }  // namespace
 
 CatalogFolder::CatalogFolder() {
-  static std::atomic<int> count{0};
-  const auto name =
-      L"keyscout-test-" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++count);
-  path_ = (std::filesystem::temp_directory_path() / name).wstring();
-  std::filesystem::create_directories(path_);
   write(L"catindex.txt", indexLine("0", "AB-") + indexLine("1", "CD-"));
   write(L"0.txt", table("AB-"));
   write(L"1.txt", table("CD-"));
@@ -46,17 +38,10 @@ CatalogFolder::CatalogFolder() {
   write(L"catalog.txt", "FORMAT=[INDEX(10)][CATALOG(60)][BRAND(50)]\r\n");
 }
 
-CatalogFolder::~CatalogFolder() {
-  std::error_code ignored;
-  std::filesystem::remove_all(path_, ignored);
-}
-
 void CatalogFolder::write(const wchar_t* name, const std::string& content) {
-  std::ofstream{std::filesystem::path{path_} / name, std::ios::binary} << content;
+  std::ofstream{folder_.path() / name, std::ios::binary} << content;
 }
 
-void CatalogFolder::remove(const wchar_t* name) {
-  std::filesystem::remove(std::filesystem::path{path_} / name);
-}
+void CatalogFolder::remove(const wchar_t* name) { std::filesystem::remove(folder_.path() / name); }
 
 }  // namespace keyscout

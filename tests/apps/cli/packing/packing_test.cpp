@@ -20,6 +20,7 @@
 #include "platform/local/silent_message_box.h"
 #include "platform/posix/posix_files.h"
 #include "platform/thread_slot.h"
+#include "support/temporary_folder.h"
 
 namespace keyscout {
 namespace {
@@ -73,12 +74,6 @@ std::vector<std::string> linesOf(const std::string& text) {
 
 class Pack : public testing::Test {
  protected:
-  Pack() : root_(fs::temp_directory_path() / ("keyscout-pack-" + std::to_string(::getpid()))) {
-    fs::remove_all(root_);
-    fs::create_directories(root_);
-  }
-  ~Pack() override { fs::remove_all(root_); }
-
   PackOptions options(const std::string& bytes) const {
     PackOptions result;
     result.download = root_ / "list.txt";
@@ -91,7 +86,8 @@ class Pack : public testing::Test {
   fs::path directory() const { return root_ / "data"; }
   std::string fileOf(const std::string& name) const { return readFile(directory() / name); }
 
-  fs::path root_;
+  test::TemporaryFolder folder_;
+  const fs::path& root_ = folder_.path();
 };
 
 /// The error that packing fails with; without one the test fails.

@@ -1,15 +1,17 @@
+#include "platform/sequential_file.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <random>
+#include <string>
+#include <vector>
 
-#include "base/utf8.h"
-#include "lookup/key_order.h"
-#include "platform/local/native_files.h"
-#include "support/stage.h"
+#include "base/error.h"
 
 namespace keyscout::test {
 namespace {
+
+using Strings = std::vector<std::string>;
 
 /// Hands bytes out in pieces of a given size, and fails where it is told to.
 class PiecewiseFile final : public SequentialFile {
@@ -95,51 +97,6 @@ TEST(SequentialFile, FindsTheFirstWantedLine) {
     EXPECT_EQ(file.readUntil([&](std::string_view line) { return line >= wanted; }), *expected);
     EXPECT_EQ(linesOf(file), Strings(expected + 1, lines.end())) << wanted;
   }
-}
-
-TEST(KeyOrder, AgreesWithTheOrderOfTheTrimmedTexts) {
-  // Few characters, so that equal beginnings, blanks and bytes out of order come often.
-  const std::string bytes{" A-b\x80\xE9\x09\x9F"};
-  std::mt19937 random{7};
-  const auto draw = [&](std::size_t longest) {
-    std::string text(random() % (longest + 1), ' ');
-    for (char& byte : text) byte = bytes[random() % bytes.size()];
-    return text;
-  };
-  for (int i = 0; i < 200'000; ++i) {
-    std::string field = draw(12);
-    if (i % 2 == 0) field.resize(60, ' ');
-    const String key = windows1252().decode(draw(10));
-    const String number{trimmed(windows1252().decode(field))};
-    const KeyOrder order{key, windows1252()};
-    ASSERT_EQ(order.isAbove(field), key > number) << toUtf8(key) << '|' << field << '|';
-  }
-}
-
-TEST(NativeFiles, FailsWithTheNumberOfTheReason) {
-  const TemporaryFolder folder;
-  const DataDirectory directory{{series("A", 1)}};
-  NativeFiles files;
-  const String here = directory.hostPath();
-  const auto openError = [&](const String& path) { return errorOf([&] { files.open(path); }); };
-  EXPECT_EQ(openError(here + u"0.txt"), 0);
-  EXPECT_EQ(openError(here + u"missing.txt"), 53);
-  EXPECT_EQ(openError(here + u"missing\\0.txt"), 76);
-  EXPECT_EQ(openError(here + u"0.txt\\0.txt"), 76);
-  EXPECT_EQ(openError(here), 75);
-  EXPECT_TRUE(files.exists(here + u"0.txt"));
-  EXPECT_FALSE(files.exists(here + u"missing.txt"));
-  EXPECT_FALSE(files.exists(folder.hostPath()));
-  const auto dateError = [&](const String& path) {
-    return errorOf([&] { files.lastModified(path); });
-  };
-  EXPECT_EQ(dateError(here + u"0.txt"), 0);
-  EXPECT_EQ(dateError(here + u"missing.txt"), 53);
-  EXPECT_EQ(dateError(here), 75) << "what cannot be opened as a file has no date either";
-  const String cutShort = here + u"0.txt" + u'\0' + u"more";
-  EXPECT_EQ(openError(cutShort), 75);
-  EXPECT_EQ(dateError(cutShort), 75);
-  EXPECT_FALSE(files.exists(cutShort));
 }
 
 }  // namespace

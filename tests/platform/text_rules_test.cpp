@@ -1,0 +1,17 @@
+#include <gtest/gtest.h>
+
+#include "platform/local/portable_text_rules.h"
+
+namespace keyscout::test {
+namespace {
+
+TEST(PortableTextRules, OrderByTheUpperCaseForms) {
+  const PortableTextRules rules;
+  EXPECT_EQ(rules.compareIgnoringCase(u"ab", u"AB"), 0);
+  EXPECT_LT(rules.compareIgnoringCase(u"a-", u"AB"), 0);
+  EXPECT_GT(rules.compareIgnoringCase(u"abc", u"AB"), 0);
+  EXPECT_GT(rules.compareIgnoringCase(u"_", u"a"), 0);
+}
+
+}  // namespace
+}  // namespace keyscout::test
