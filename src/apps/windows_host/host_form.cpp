@@ -20,13 +20,6 @@ constexpr wchar_t anyBrand[] = L"(any)";
 
 enum Id : int { brandId = 100, lockId, unlockId, authorizedId };
 
-constexpr const wchar_t* eventNames[] = {
-    L"",          L"Change",  L"brandChanged", L"needBrand", L"KeyDown", L"MouseDown",
-    L"MouseMove", L"MouseUp", L"Click",        L"DblClick",  L"KeyUp",   L"UpdateKeyscout"};
-constexpr DISPID mouseMoveEvent = 6;
-constexpr DISPID needBrandEvent = 3;
-constexpr DISPID updateEvent = 11;
-
 /// The brands of the catalog, for the user to choose from.
 std::vector<std::wstring> brandsIn(const std::wstring& directory) {
   std::vector<std::wstring> brands;
@@ -50,6 +43,25 @@ std::wstring textOf(const VARIANT& argument) {
   const bool shown = SUCCEEDED(VariantCopyInd(&plain, const_cast<VARIANT*>(&argument))) &&
                      SUCCEEDED(VariantChangeType(&text, &plain, 0, VT_BSTR));
   return shown ? toWide(viewOf(text.bstrVal)) : L"?";
+}
+
+/// What the control's type library says of its events.
+ComPtr<ITypeInfo> eventsOf(_keyscoutControl& control) {
+  ComPtr<ITypeInfo> members;
+  ComPtr<ITypeLib> library;
+  ComPtr<ITypeInfo> events;
+  UINT ignored = 0;
+  require(control.GetTypeInfo(0, LOCALE_NEUTRAL, members.put()));
+  require(members->GetContainingTypeLib(library.put(), &ignored));
+  require(library->GetTypeInfoOfGuid(DIID___keyscoutControl, events.put()));
+  return events;
+}
+
+std::wstring nameOf(DISPID member, ITypeInfo& type) {
+  Bstr name;
+  UINT count = 0;
+  type.GetNames(member, name.address(), 1, &count);
+  return toWide(viewOf(name.get()));
 }
 
 }  // namespace
@@ -128,6 +140,7 @@ void HostForm::addControls() {
     direction.boolVal = toVariantBool(rightToLeft_);
     site->create(CLSID_keyscoutControl, {scaled(place.left), scaled(place.top), scaled(place.right),
                                          scaled(place.bottom)});
+    if (!events_) events_ = eventsOf(*site->controlAs<_keyscoutControl>());
     const auto sink = makeObject<EventSink>(
         [this, i](DISPID event, DISPPARAMS& arguments) { onEvent(i, event, arguments); });
     site->connect(DIID___keyscoutControl, sink.get());
@@ -183,13 +196,13 @@ std::wstring HostForm::chosenBrand() const {
 }
 
 void HostForm::onEvent(int control, DISPID event, DISPPARAMS& arguments) {
-  if (event == mouseMoveEvent || event < 1 || event > updateEvent) return;
+  if (event == ControlEvent_MouseMove) return;
   std::wstring line =
-      (control == 0 ? L"catalog number: " : L"replacement: ") + std::wstring{eventNames[event]};
+      (control == 0 ? L"catalog number: " : L"replacement: ") + nameOf(event, *events_);
   for (UINT i = arguments.cArgs; i > 0; --i)
     line += (i == arguments.cArgs ? L" " : L", ") + textOf(arguments.rgvarg[i - 1]);
   log(line);
-  if (event == needBrandEvent) {
+  if (event == ControlEvent_needBrand) {
     Bstr brand{fromWide(chosenBrand())};
     const auto& site = sites_[static_cast<std::size_t>(control)];
     if (const auto lookup = site->controlAs<_keyscoutControl>()) lookup->put_brand(brand.address());

@@ -50,6 +50,7 @@ class HostForm {
   Font font_;
   ComPtr<_RWKeyscoutController> controller_;
   std::array<ComPtr<ControlSite>, 2> sites_;
+  ComPtr<ITypeInfo> events_;  // of the controls
 };
 
 }  // namespace keyscout

@@ -26,9 +26,10 @@ inline BSTR newBstr(StringView text) {
   return result;
 }
 
-/// Owns a BSTR.
+/// Owns a BSTR; at first the null one.
 class Bstr {
  public:
+  Bstr() = default;
   explicit Bstr(StringView text) : text_(newBstr(text)) {}
   ~Bstr() { SysFreeString(text_); }
   Bstr(const Bstr&) = delete;
@@ -39,7 +40,7 @@ class Bstr {
   BSTR* address() { return &text_; }
 
  private:
-  BSTR text_;
+  BSTR text_ = nullptr;
 };
 
 inline VARIANT_BOOL toVariantBool(Boolean value) { return value.number(); }

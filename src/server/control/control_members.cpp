@@ -40,7 +40,7 @@ HRESULT ControlObject::get_text(BSTR* result) {
 HRESULT ControlObject::put_text(BSTR value) {
   return call([&] {
     control_.setText(viewOf(value));
-    propertyChanged(0x6803000A);
+    propertyChanged(ControlMember_text);
   });
 }
 
@@ -83,7 +83,7 @@ HRESULT ControlObject::put_Enabled(VARIANT_BOOL value) {
   return call([&] {
     control_.setEnabled(fromVariantBool(value));
     if (inPlaceSite_) surface_.setEnabled(takesInput());
-    propertyChanged(0x68030007);
+    propertyChanged(ControlMember_Enabled);
   });
 }
 HRESULT ControlObject::get_ForeColor(VARIANT* result) {
@@ -92,7 +92,7 @@ HRESULT ControlObject::get_ForeColor(VARIANT* result) {
 HRESULT ControlObject::put_ForeColor(VARIANT value) {
   return call([&] {
     control_.setForeColor(fromVariant(value));
-    propertyChanged(0x68030006);
+    propertyChanged(ControlMember_ForeColor);
   });
 }
 HRESULT ControlObject::get_BackColor(VARIANT* result) {
@@ -101,7 +101,7 @@ HRESULT ControlObject::get_BackColor(VARIANT* result) {
 HRESULT ControlObject::put_BackColor(VARIANT value) {
   return call([&] {
     control_.setBackColor(fromVariant(value));
-    propertyChanged(0x68030005);
+    propertyChanged(ControlMember_BackColor);
   });
 }
 HRESULT ControlObject::get_FontBold(VARIANT_BOOL* result) {
@@ -110,7 +110,7 @@ HRESULT ControlObject::get_FontBold(VARIANT_BOOL* result) {
 HRESULT ControlObject::put_FontBold(VARIANT_BOOL value) {
   return call([&] {
     control_.setFontBold(fromVariantBool(value));
-    propertyChanged(0x68030004);
+    propertyChanged(ControlMember_FontBold);
   });
 }
 HRESULT ControlObject::get_TheToolTipText(BSTR* result) {
@@ -119,7 +119,7 @@ HRESULT ControlObject::get_TheToolTipText(BSTR* result) {
 HRESULT ControlObject::put_TheToolTipText(BSTR value) {
   return call([&] {
     control_.setTheToolTipText(viewOf(value));
-    propertyChanged(0x68030003);
+    propertyChanged(ControlMember_TheToolTipText);
   });
 }
 HRESULT ControlObject::get_isListShowing(VARIANT_BOOL* result) {
@@ -131,7 +131,7 @@ HRESULT ControlObject::get_Locked(VARIANT_BOOL* result) {
 HRESULT ControlObject::put_Locked(VARIANT_BOOL value) {
   return call([&] {
     control_.setLocked(fromVariantBool(value));
-    propertyChanged(0x68030001);
+    propertyChanged(ControlMember_Locked);
   });
 }
 HRESULT ControlObject::get_brand(BSTR* result) {
@@ -140,7 +140,7 @@ HRESULT ControlObject::get_brand(BSTR* result) {
 HRESULT ControlObject::put_brand(BSTR* value) {
   return call([&] {
     control_.setBrand(viewOf(target(value)));
-    propertyChanged(0x68030000);
+    propertyChanged(ControlMember_brand);
   });
 }
 

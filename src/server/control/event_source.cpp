@@ -9,21 +9,6 @@
 namespace keyscout {
 namespace {
 
-/// The numbers of the events, as keyscout.idl gives them.
-namespace Event {
-constexpr DISPID change = 1;
-constexpr DISPID brandChanged = 2;
-constexpr DISPID needBrand = 3;
-constexpr DISPID keyDown = 4;
-constexpr DISPID mouseDown = 5;
-constexpr DISPID mouseMove = 6;
-constexpr DISPID mouseUp = 7;
-constexpr DISPID click = 8;
-constexpr DISPID dblClick = 9;
-constexpr DISPID keyUp = 10;
-constexpr DISPID updateKeyscout = 11;
-}  // namespace Event
-
 VARIANT byReference(std::int16_t& variable) {
   VARIANT argument{};
   argument.vt = VT_BYREF | VT_I2;
@@ -63,38 +48,39 @@ void EventSource::raise(DISPID id, std::initializer_list<VARIANT> arguments) {
   });
 }
 
-void EventSource::Change() { raise(Event::change); }
-void EventSource::needBrand() { raise(Event::needBrand); }
-void EventSource::Click() { raise(Event::click); }
-void EventSource::DblClick() { raise(Event::dblClick); }
-void EventSource::UpdateKeyscout() { raise(Event::updateKeyscout); }
+void EventSource::Change() { raise(ControlEvent_Change); }
+void EventSource::needBrand() { raise(ControlEvent_needBrand); }
+void EventSource::Click() { raise(ControlEvent_Click); }
+void EventSource::DblClick() { raise(ControlEvent_DblClick); }
+void EventSource::UpdateKeyscout() { raise(ControlEvent_UpdateKeyscout); }
 
 void EventSource::brandChanged(String& strBrand) {
   Bstr variable{strBrand};
-  raise(Event::brandChanged, {byReference(variable)});
+  raise(ControlEvent_brandChanged, {byReference(variable)});
   strBrand = viewOf(variable.get());
 }
 
 void EventSource::KeyDown(std::int16_t& KeyCode, std::int16_t& Shift) {
-  raise(Event::keyDown, {byReference(KeyCode), byReference(Shift)});
+  raise(ControlEvent_KeyDown, {byReference(KeyCode), byReference(Shift)});
 }
 
 void EventSource::KeyUp(std::int16_t& KeyCode, std::int16_t& Shift) {
-  raise(Event::keyUp, {byReference(KeyCode), byReference(Shift)});
+  raise(ControlEvent_KeyUp, {byReference(KeyCode), byReference(Shift)});
 }
 
 void EventSource::MouseDown(std::int16_t& Button, std::int16_t& Shift, float& X, float& Y) {
-  raise(Event::mouseDown,
+  raise(ControlEvent_MouseDown,
         {byReference(Button), byReference(Shift), byReference(X), byReference(Y)});
 }
 
 void EventSource::MouseMove(std::int16_t& Button, std::int16_t& Shift, float& X, float& Y) {
-  raise(Event::mouseMove,
+  raise(ControlEvent_MouseMove,
         {byReference(Button), byReference(Shift), byReference(X), byReference(Y)});
 }
 
 void EventSource::MouseUp(std::int16_t& Button, std::int16_t& Shift, float& X, float& Y) {
-  raise(Event::mouseUp, {byReference(Button), byReference(Shift), byReference(X), byReference(Y)});
+  raise(ControlEvent_MouseUp,
+        {byReference(Button), byReference(Shift), byReference(X), byReference(Y)});
 }
 
 }  // namespace keyscout
