@@ -84,41 +84,33 @@ void requireWritten(LSTATUS status) {
 }
 
 void write(HKEY classes, const RegistryValue& value) {
-  HKEY key = nullptr;
+  RegistryKey key;
   requireWritten(RegCreateKeyExW(classes, value.key.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr,
-                                 &key, nullptr));
+                                 key.put(), nullptr));
   const auto bytes = static_cast<DWORD>((value.text.size() + 1) * sizeof(wchar_t));
-  const LSTATUS written =
-      RegSetValueExW(key, value.name.empty() ? nullptr : value.name.c_str(), 0, REG_SZ,
-                     std::bit_cast<const BYTE*>(value.text.c_str()), bytes);
-  RegCloseKey(key);
-  requireWritten(written);
+  requireWritten(RegSetValueExW(key.get(), value.name.empty() ? nullptr : value.name.c_str(), 0,
+                                REG_SZ, std::bit_cast<const BYTE*>(value.text.c_str()), bytes));
 }
 
 /// Whether the library of the other width has registered the class. What is below CLSID is kept
 /// for each width, the names of classes are there once for both.
 bool isOfOtherWidth(HKEY root, const RegisteredClass& served) {
   constexpr REGSAM otherWidth = sizeof(void*) == 8 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
-  HKEY key = nullptr;
-  const LSTATUS opened = RegOpenKeyExW(root, (classesPath + keyOf(served)).c_str(), 0,
-                                       KEY_QUERY_VALUE | otherWidth, &key);
-  if (opened == ERROR_SUCCESS) RegCloseKey(key);
-  return opened == ERROR_SUCCESS;
+  RegistryKey key;
+  return RegOpenKeyExW(root, (classesPath + keyOf(served)).c_str(), 0, KEY_QUERY_VALUE | otherWidth,
+                       key.put()) == ERROR_SUCCESS;
 }
 
 }  // namespace
 
 ClassesKey::ClassesKey(HKEY root) {
   requireWritten(RegCreateKeyExW(root, L"Software\\Classes", 0, nullptr, 0, KEY_READ | KEY_WRITE,
-                                 nullptr, &key_, nullptr));
+                                 nullptr, key_.put(), nullptr));
   // Systems differ in where the functions for type libraries write.
-  RegOverridePredefKey(HKEY_CLASSES_ROOT, key_);
+  RegOverridePredefKey(HKEY_CLASSES_ROOT, key_.get());
 }
 
-ClassesKey::~ClassesKey() {
-  RegOverridePredefKey(HKEY_CLASSES_ROOT, nullptr);
-  RegCloseKey(key_);
-}
+ClassesKey::~ClassesKey() { RegOverridePredefKey(HKEY_CLASSES_ROOT, nullptr); }
 
 void writeEntries(const ClassesKey& classes) {
   for (const RegisteredClass& served : registeredClasses)

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include "server/registry_key.h"
+
 namespace keyscout {
 
 /// The classes of the machine or of the user, open to be changed. While it lives the system's own
@@ -15,10 +17,10 @@ class ClassesKey {
   ClassesKey(const ClassesKey&) = delete;
   ClassesKey& operator=(const ClassesKey&) = delete;
 
-  HKEY get() const { return key_; }
+  HKEY get() const { return key_.get(); }
 
  private:
-  HKEY key_ = nullptr;
+  RegistryKey key_;
 };
 
 /// Writes what makes hosts find the classes of this library. Fails with the registry's error and
