@@ -20,7 +20,7 @@ PlayableSurface* MemoryForm::focusedSurface() const { return focused(); }
 
 void MemoryForm::moveFocus(PlayableSurface& surface, FocusPlace place) {
   auto& target = static_cast<MemorySurface&>(surface);
-  if (place == FocusPlace::list && !target.list())
+  if (place == FocusPlace::list && !target.hasList())
     throw platformFailure(PlatformError::objectNotSet, u"MemoryForm");
   tracker_.moveTo(target, place);
 }

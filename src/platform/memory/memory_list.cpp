@@ -7,7 +7,8 @@
 namespace keyscout {
 namespace {
 
-constexpr int pageOfEntries = 7;
+// How far Page Up and Page Down go.
+constexpr int entriesInSight = 7;
 
 [[noreturn]] void refuseEntry() {
   throw platformFailure(PlatformError::invalidArgument, u"DropDownList");
@@ -103,9 +104,9 @@ void MemoryList::moveSelection(std::int16_t keyCode) {
   const auto target = [&]() -> int {
     switch (keyCode) {
       case KeyCodes::down: return nothingSelected ? 0 : selected_ + 1;
-      case KeyCodes::pageDown: return nothingSelected ? 0 : selected_ + pageOfEntries;
+      case KeyCodes::pageDown: return nothingSelected ? 0 : selected_ + entriesInSight;
       case KeyCodes::up: return selected_ - 1;
-      case KeyCodes::pageUp: return selected_ - pageOfEntries;
+      case KeyCodes::pageUp: return selected_ - entriesInSight;
       case KeyCodes::home: return 0;
       case KeyCodes::end: return last;
       default: return selected_;

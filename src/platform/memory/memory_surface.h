@@ -23,16 +23,13 @@ class MemorySurface final : public PlayableSurface, private FocusObserver {
   DropDownList& addDropDownList(StringView name, DropDownListObserver& observer) override;
   void removeChild(StringView name) override;
   float width() const override { return width_; }
-  void setEnabled(Boolean enabled) override { enabled_ = enabled; }
-  void setMousePointer(std::int16_t shape) override { mousePointer_ = shape; }
+  // Of the surface itself and of the pointer nothing is to be seen here.
+  void setEnabled(Boolean) override {}
+  void setMousePointer(std::int16_t) override {}
   void beginHostCall() override { form_.focusTracker().hold(); }
   void endHostCall() noexcept override { form_.focusTracker().release(); }
 
-  /// The drop-down list, null while there is none.
-  MemoryList* list() { return list_.get(); }
-  const MemoryList* list() const { return list_.get(); }
-  Boolean enabled() const { return enabled_; }
-  std::int16_t mousePointer() const { return mousePointer_; }
+  bool hasList() const { return list_ != nullptr; }
 
   std::optional<ListView> listView() const override;
   std::optional<FocusPlace> focusPlace() const override;
@@ -57,8 +54,6 @@ class MemorySurface final : public PlayableSurface, private FocusObserver {
   MemoryForm& form_;
   SurfaceObserver* observer_ = nullptr;
   float width_ = 100;
-  Boolean enabled_ = True;
-  std::int16_t mousePointer_ = 0;
   MemoryTextBox textBox_;
   String listName_;
   std::shared_ptr<MemoryList> list_;  // shared with the key that is being worked on
