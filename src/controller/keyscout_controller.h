@@ -74,20 +74,20 @@ class RWKeyscoutController {
   /// True when the download file has the format that lookups read. Fails with
   /// `CatalogFormatChanged`, `InconsistantVersion`, or `RequiredFilesMissing` where there is no
   /// such file; any other failure is traced and gives false.
-  Boolean checkDownloadVersion();
+  [[nodiscard]] Boolean checkDownloadVersion();
 
   /// True when the control file says that the last download is complete. Fails with
   /// `ControlStatusInProcess` or `ControlStatusCorrupt`; any other failure, a missing file
   /// included, is traced and gives false.
-  Boolean checkCatalogControlFile();
+  [[nodiscard]] Boolean checkCatalogControlFile();
 
   /// The one-call start-up: authenticates, checks the download and loads. Returns `isInitialized`.
   /// Fails with the error of the step that failed; `KeyscoutLocked` is then true.
-  Boolean init();
+  [[nodiscard]] Boolean init();
 
   /// Lifts the lock when the control file says ready and the data could be loaded again; whether
   /// it did. Fails with the error of the check or of `init`.
-  Boolean tryToUnlock();
+  [[nodiscard]] Boolean tryToUnlock();
 
   /// Makes the next search of a control start at the first table of the index.
   Boolean resetLastTableNumber();

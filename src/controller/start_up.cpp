@@ -40,8 +40,7 @@ Boolean RWKeyscoutController::tryToUnlock() {
   static constexpr Procedure procedure = controllerProcedure(u"tryToUnlock");
   return tracer_.traced(procedure, [&]() -> Boolean {
     if (!checkCatalogControlFile()) return False;
-    init();
-    if (!isInitialized()) return False;
+    if (!init()) return False;
     setKeyscoutLocked(False);
     return True;
   });

@@ -36,7 +36,7 @@ class FocusTracker {
 
   /// While one of these lives, reports wait; the end of the outermost delivers them, those that the
   /// delivery itself gives rise to included.
-  class Hold {
+  class [[nodiscard]] Hold {
    public:
     explicit Hold(FocusTracker& tracker) : tracker_(tracker) { tracker_.hold(); }
     ~Hold() { tracker_.release(); }

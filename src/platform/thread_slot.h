@@ -25,7 +25,7 @@ struct ThreadSlot {
 /// The calling thread as if the component had not been used on it yet, from this object's making
 /// on; and after its end once more. For hosts that serve in turn on one thread: none finds what
 /// another left there.
-class FreshThreadState {
+class [[nodiscard]] FreshThreadState {
  public:
   FreshThreadState() { ThreadSlot::releaseThisThread(); }
   ~FreshThreadState() { ThreadSlot::releaseThisThread(); }

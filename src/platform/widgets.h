@@ -180,7 +180,7 @@ class ControlSurface {
 };
 
 /// A call of the host into a control, for as long as it lives.
-class HostCall {
+class [[nodiscard]] HostCall {
  public:
   explicit HostCall(ControlSurface& surface) : surface_(surface) { surface_.beginHostCall(); }
   ~HostCall() { surface_.endHostCall(); }

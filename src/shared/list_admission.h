@@ -11,7 +11,7 @@ namespace keyscout {
 
 /// True when `collection` holds an object under `key`, in any letter case. Never fails.
 template <class T>
-bool collectionHasKey(const KeyedCollection<T>& collection, StringView key) noexcept {
+[[nodiscard]] bool collectionHasKey(const KeyedCollection<T>& collection, StringView key) noexcept {
   try {
     return collection.contains(key);
   } catch (...) {
@@ -21,6 +21,6 @@ bool collectionHasKey(const KeyedCollection<T>& collection, StringView key) noex
 
 /// True when catalog numbers of `brand` may enter a list: the host has authorized all brands, by
 /// giving no brands or an empty collection, or this one. Never fails.
-bool isAuthorizedBrand(const keyscoutModule& module, StringView brand) noexcept;
+[[nodiscard]] bool isAuthorizedBrand(const keyscoutModule& module, StringView brand) noexcept;
 
 }  // namespace keyscout

@@ -47,7 +47,7 @@ class Faults : public testing::TestWithParam<bool> {
       }
     };
     stage.configure(directory);
-    hostCalls([&] { stage.controller.init(); });
+    hostCalls([&] { return stage.controller.init(); });
     stage.controller.setKeyscoutEnabled(True);
     stage.focus(control);
     stage.type(u"a0");
@@ -65,7 +65,7 @@ class Faults : public testing::TestWithParam<bool> {
     stage.form->leaveFocus();
     stage.focus(control);
     control.control.lockKeyscout();
-    hostCalls([&] { stage.controller.tryToUnlock(); });
+    hostCalls([&] { return stage.controller.tryToUnlock(); });
     stage.type(u"1");
     stage.form->leaveFocus();
   }

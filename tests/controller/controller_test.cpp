@@ -147,14 +147,14 @@ TEST_F(Controller, ChecksTheDownloadsHeader) {
   for (const std::string& bad :
        {header + " ", " " + header, std::string{"format"}, std::string{}}) {
     directory.write("download.txt", bad);
-    expectRefusal([&] { controller.checkDownloadVersion(); }, Codes::InconsistantVersion,
+    expectRefusal([&] { return controller.checkDownloadVersion(); }, Codes::InconsistantVersion,
                   inconsistent);
   }
   directory.write("download.txt", "0 old records");
-  expectRefusal([&] { controller.checkDownloadVersion(); }, Codes::CatalogFormatChanged,
+  expectRefusal([&] { return controller.checkDownloadVersion(); }, Codes::CatalogFormatChanged,
                 u"The format of the catalog number download has changed.");
   directory.remove("download.txt");
-  expectRefusal([&] { controller.checkDownloadVersion(); }, Codes::RequiredFilesMissing,
+  expectRefusal([&] { return controller.checkDownloadVersion(); }, Codes::RequiredFilesMissing,
                 u"The catalog number download file does not exist.");
   stage.takeTrace();
   controller.setKeyscoutDirectory(u"/nowhere/at/all");
@@ -173,12 +173,12 @@ TEST_F(Controller, ReadsTheControlFile) {
   }
   for (const std::string text : {"INPROCESS", "INPRO\r\nCESS\r\n"}) {
     directory.write("catcontrol.txt", text);
-    expectRefusal([&] { controller.checkCatalogControlFile(); }, Codes::ControlStatusInProcess,
-                  inProcess);
+    expectRefusal([&] { return controller.checkCatalogControlFile(); },
+                  Codes::ControlStatusInProcess, inProcess);
   }
   for (const std::string text : {"CORRUPT", "ready", "INPROCESS ", " READY", "", "what?"}) {
     directory.write("catcontrol.txt", text);
-    expectRefusal([&] { controller.checkCatalogControlFile(); }, Codes::ControlStatusCorrupt,
+    expectRefusal([&] { return controller.checkCatalogControlFile(); }, Codes::ControlStatusCorrupt,
                   corrupt);
   }
   directory.remove("catcontrol.txt");
@@ -242,14 +242,14 @@ TEST_F(Controller, StartsUpWithTheSettingsThatItFound) {
     if (operation == "enterProcedure" && ++entered == 2)
       meddling.controller.setKeyscoutDirectory(u"C:\\behind\\");
   };
-  expectRefusal([&] { meddling.controller.init(); }, Codes::RequiredFilesMissing,
+  expectRefusal([&] { return meddling.controller.init(); }, Codes::RequiredFilesMissing,
                 u"C:\\before\\ cannot be found.");
 }
 
 TEST_F(Controller, LocksWhenAStartUpFails) {
   controller.setIsInitialized(True);
   directory.write("download.txt", "0");
-  EXPECT_EQ(refusalOf([&] { controller.init(); }).number(),
+  EXPECT_EQ(refusalOf([&] { return controller.init(); }).number(),
             static_cast<std::int32_t>(Codes::CatalogFormatChanged));
   EXPECT_TRUE(controller.KeyscoutLocked());
   EXPECT_TRUE(controller.isInitialized());
@@ -267,7 +267,7 @@ TEST_F(Controller, LocksWhenAStartUpFails) {
 TEST_F(Controller, UnlocksOnceTheDataIsThere) {
   controller.setKeyscoutLocked(True);
   directory.write("catcontrol.txt", "INPROCESS");
-  EXPECT_EQ(errorOf([&] { controller.tryToUnlock(); }),
+  EXPECT_EQ(errorOf([&] { return controller.tryToUnlock(); }),
             static_cast<std::int32_t>(Codes::ControlStatusInProcess));
   directory.remove("catcontrol.txt");
   EXPECT_EQ(controller.tryToUnlock(), False);

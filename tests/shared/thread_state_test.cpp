@@ -15,7 +15,8 @@ struct LateHost {
              [&] { control->control.setText(u"a"); }, [&] { control->control.doit(); },
              [&] { control->control.lockKeyscout(); },
              [&] { control->control.setAuthorizedBrands(nullptr); },
-             [&] { stage->controller.init(); }, [&] { stage->controller.setKeyscoutLocked(False); },
+             [&] { return stage->controller.init(); },
+             [&] { stage->controller.setKeyscoutLocked(False); },
              [&] { (void)stage->controller.updateURL(); }})
       errors.push_back(errorOf(call));
     stage->type(u"b");
