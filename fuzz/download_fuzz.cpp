@@ -20,19 +20,21 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   std::int32_t downloadError = 0;
   if (header != "FORMAT=[INDEX(10)][CATALOG(60)][BRAND(50)]")
     downloadError = header.starts_with('0') ? -2147218503 : -2147218502;
-  fuzz::require(fuzz::errorOf([&] { host.controller.checkDownloadVersion(); }) == downloadError,
-                "checkDownloadVersion");
+  fuzz::require(
+      test::errorOf([&] { return host.controller.checkDownloadVersion(); }) == downloadError,
+      "checkDownloadVersion");
 
   std::string status;
   for (const std::string& line : fuzz::linesOf(control)) status += line;
   std::int32_t controlError = -2147218500;
   if (status.starts_with("READY")) controlError = 0;
   if (status == "INPROCESS") controlError = -2147218501;
-  fuzz::require(fuzz::errorOf([&] { host.controller.checkCatalogControlFile(); }) == controlError,
-                "checkCatalogControlFile");
+  fuzz::require(
+      test::errorOf([&] { return host.controller.checkCatalogControlFile(); }) == controlError,
+      "checkCatalogControlFile");
 
   const std::int32_t expected = downloadError != 0 ? downloadError : controlError;
-  fuzz::require(fuzz::errorOf([&] { host.controller.init(); }) == expected, "init");
+  fuzz::require(test::errorOf([&] { return host.controller.init(); }) == expected, "init");
   fuzz::require(static_cast<bool>(host.controller.KeyscoutLocked()) == (expected != 0), "the lock");
   return 0;
 }

@@ -1,15 +1,10 @@
 #pragma once
 
-#include <memory>
-#include <optional>
-
 #include "controller/keyscout_controller.h"
 #include "fuzz_input.h"
-#include "platform/local/local_library.h"
-#include "platform/local/portable_text_rules.h"
-#include "platform/local/system_clock.h"
-#include "platform/local/trace_services.h"
+#include "platform/local/local_platform.h"
 #include "platform/thread_slot.h"
+#include "support/error_of.h"
 #include "support/memory_files.h"
 
 namespace keyscout::fuzz {
@@ -28,28 +23,12 @@ struct FuzzedHost {
     controller.setKeyscoutIndexFile(u"index");
     controller.setCatalogNumbersDownloadFile(u"download");
   }
-  ~FuzzedHost() { ThreadSlot::releaseThisThread(); }
-  FuzzedHost(const FuzzedHost&) = delete;
-  FuzzedHost& operator=(const FuzzedHost&) = delete;
 
+  FreshThreadState freshState;
   test::MemoryFiles files;
-  SystemClock clock;
-  PortableTextRules rules;
   YesBox box;
-  LocalLibrary library{std::make_shared<SilentTrace>()};
-  Platform platform{files, clock, windows1252(), rules, box, library};
+  LocalPlatform platform{files, box};
   RWKeyscoutController controller{platform};
 };
-
-/// The number of the error that `action` fails with, 0 where it does not.
-template <class Action>
-std::int32_t errorOf(Action&& action) {
-  try {
-    action();
-    return 0;
-  } catch (const Error& error) {
-    return error.number();
-  }
-}
 
 }  // namespace keyscout::fuzz
