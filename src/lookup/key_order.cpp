@@ -34,4 +34,22 @@ bool KeyOrder::isAboveByUnits(std::string_view columns) const {
   return key_.ends_with(u' ') && endsAt(key_.size() - 1);
 }
 
+bool isNumberBelow(std::string_view columns, std::string_view others, const CodePage& codePage) {
+  const auto skipBlanks = [](std::string_view& text) {
+    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+  };
+  const auto isBlank = [](std::string_view text) {
+    return text.find_first_not_of(' ') == text.npos;
+  };
+  skipBlanks(columns);
+  skipBlanks(others);
+  const auto differs = std::ranges::mismatch(columns, others, [&](char one, char other) {
+    return one == other || codePage[one] == codePage[other];
+  });
+  const std::string_view rest{differs.in1, columns.end()};
+  const std::string_view restOfOthers{differs.in2, others.end()};
+  if (isBlank(rest)) return !isBlank(restOfOthers);
+  return !isBlank(restOfOthers) && codePage[rest.front()] < codePage[restOfOthers.front()];
+}
+
 }  // namespace keyscout

@@ -52,4 +52,7 @@ class KeyOrder {
   bool hasHead_ = false;
 };
 
+/// True when the catalog number in `columns` stands below the one in `others`, in the same order.
+bool isNumberBelow(std::string_view columns, std::string_view others, const CodePage& codePage);
+
 }  // namespace keyscout

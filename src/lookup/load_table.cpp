@@ -1,7 +1,9 @@
+#include <optional>
+
 #include "base/numbers.h"
-#include "lookup/key_order.h"
 #include "lookup/list_limits.h"
 #include "lookup/lookup_engine.h"
+#include "lookup/table_reader.h"
 #include "shared/list_admission.h"
 
 namespace keyscout {
@@ -23,7 +25,8 @@ void LookupEngine::loadKeyscoutCombo(const String& key, std::int16_t maxCount,
 bool LookupEngine::fillList(const String& key, std::int16_t maxCount, const String& brandFilter) {
   const String path = tablePath(module_->getTableNumber(fields_.currentTableIndex));
   fields_.listLoaded = True;
-  auto file = platform_.files.open(path);
+  std::optional<TableReader> table;
+  table.emplace(platform_.files.openAtOffsets(path), platform_.codePage, tableBuffer_);
   fields_.tableLoadPending = False;
 
   DropDownList& list = client_.list();
@@ -33,40 +36,34 @@ bool LookupEngine::fillList(const String& key, std::int16_t maxCount, const Stri
   };
 
   if (isFull()) return true;
-  if (!file->atEnd()) {
-    const KeyOrder order{key, platform_.codePage};
-    offer(file->readUntil([&](std::string_view line) {
-      return !order.isAbove(CatalogLine{line}.catalogColumns());
-    }),
-          brandFilter);
-  }
+  if (const auto line = table->readFirstFor(key)) offer(*line, brandFilter);
 
   while (!isFull()) {
-    if (!file->atEnd()) {
-      offer(file->readLine(), brandFilter);
+    if (!table->atEnd()) {
+      offer(table->readLine(), brandFilter);
       fields_.tableLoadPending = False;
       continue;
     }
-    file.reset();
+    table.reset();
     ++fields_.currentTableIndex;
     if (fields_.currentTableIndex >= module_->getTableCount()) {
       markEndOfCatalog();
       return false;
     }
-    file = openNextTable();
+    table.emplace(openNextTable(), platform_.codePage, tableBuffer_);
   }
   return true;
 }
 
 /// Opens the table at `currentTableIndex`, which is named by its position.
-std::unique_ptr<SequentialFile> LookupEngine::openNextTable() {
+std::unique_ptr<RandomAccessFile> LookupEngine::openNextTable() {
   const String path = tablePath(decimal(fields_.currentTableIndex));
   if (!platform_.files.exists(path)) {
     tracer_.log(lookupProcedure(u"keyInKeyscout"), u"Missing catalog table: " + path);
     for (int i = 0; i < ListLimits::fillers; ++i) client_.list().append(u"");
     throw platformFailure(PlatformError::fileAccess, controlClass);
   }
-  return platform_.files.open(path);
+  return platform_.files.openAtOffsets(path);
 }
 
 /// Fills a short list up with empty entries, so that its drop-down keeps its height.

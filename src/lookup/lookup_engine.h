@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string_view>
 
 #include "lookup/lookup_client.h"
@@ -49,7 +50,7 @@ class LookupEngine {
   // load_table.cpp
   void loadKeyscoutCombo(const String& key, std::int16_t maxCount, const String& brandFilter);
   bool fillList(const String& key, std::int16_t maxCount, const String& brandFilter);
-  std::unique_ptr<SequentialFile> openNextTable();
+  std::unique_ptr<RandomAccessFile> openNextTable();
   void markEndOfCatalog();
   String tablePath(StringView designation) const;
   void offer(std::string_view line, const String& brandFilter);
@@ -59,6 +60,8 @@ class LookupEngine {
   SharedState module_;
   Tracer tracer_;
   LookupFields fields_;
+  // Kept between tables, so that reading one costs no memory of its own.
+  SequentialFile::Buffer tableBuffer_;
   // Kept between lines so that a line that is offered costs no memory of its own.
   String offeredNumber_;
   String offeredBrand_;

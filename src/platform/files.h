@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "base/text.h"
+#include "platform/random_access_file.h"
 #include "platform/sequential_file.h"
 
 namespace keyscout {
@@ -13,10 +14,13 @@ class Files {
  public:
   virtual ~Files() = default;
 
-  /// Opens a text file at its first line. Fails with file not found (53), path not found (76: a
+  /// Opens a text file at its first line. Fails as `openAtOffsets` does.
+  std::unique_ptr<SequentialFile> open(StringView path);
+
+  /// Opens a file to be read at offsets. Fails with file not found (53), path not found (76: a
   /// directory on the way is missing), permission denied (70), or path or file access error (75:
   /// anything but a regular file, a name with a NUL in it).
-  virtual std::unique_ptr<SequentialFile> open(StringView path) = 0;
+  virtual std::unique_ptr<RandomAccessFile> openAtOffsets(StringView path) = 0;
 
   /// True when a file of that name exists, hidden and read-only files included; a directory is
   /// not a file.

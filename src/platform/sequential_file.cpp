@@ -26,20 +26,40 @@ bool SequentialFile::bringMore() noexcept {
 /// the whole buffer doubles it.
 std::size_t SequentialFile::fill() {
   const auto unread = static_cast<std::size_t>(limit_ - position_);
-  if (unread == capacity_) {
-    const std::size_t larger = std::max(blockSize, capacity_ * 2);
-    auto buffer = std::make_unique_for_overwrite<char[]>(larger);
-    if (unread != 0) std::memcpy(buffer.get(), position_, unread);
-    buffer_ = std::move(buffer);
-    capacity_ = larger;
+  if (unread == buffer_.size) {
+    enlarge(unread);
   } else if (unread != 0) {
-    std::memmove(buffer_.get(), position_, unread);
+    std::memmove(buffer_.bytes.get(), position_, unread);
   }
-  position_ = buffer_.get();
-  limit_ = position_ + unread;
-  const std::size_t count = read(buffer_.get() + unread, capacity_ - unread);
+  setUnread(0, unread);
+  const std::size_t count = read(buffer_.bytes.get() + unread, buffer_.size - unread);
   limit_ += count;
   return count;
+}
+
+void SequentialFile::enlarge(std::size_t unread) {
+  const std::size_t larger = std::max(blockSize, buffer_.size * 2);
+  auto bytes = std::make_unique_for_overwrite<char[]>(larger);
+  if (unread != 0) std::memcpy(bytes.get(), position_, unread);
+  buffer_ = {std::move(bytes), larger};
+}
+
+std::span<char> SequentialFile::emptyBuffer() {
+  if (buffer_.size == 0) enlarge(0);
+  setUnread(0, 0);
+  return {buffer_.bytes.get(), buffer_.size};
+}
+
+void SequentialFile::setUnread(std::size_t first, std::size_t end) {
+  position_ = buffer_.bytes.get() + first;
+  limit_ = buffer_.bytes.get() + end;
+}
+
+SequentialFile::Buffer SequentialFile::releaseBuffer() {
+  position_ = limit_ = nullptr;
+  Buffer released = std::exchange(buffer_, {});
+  if (released.size > blockSize) released = {};
+  return released;
 }
 
 std::string_view SequentialFile::readLineAcrossBlocks() {

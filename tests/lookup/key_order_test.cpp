@@ -29,5 +29,25 @@ TEST(KeyOrder, AgreesWithTheOrderOfTheTrimmedTexts) {
   }
 }
 
+TEST(KeyOrder, OfTwoNumbersIsThatOfTheTrimmedTexts) {
+  const std::string bytes{" A-b\x80\xE9\x09\x9F"};
+  std::mt19937 random{7};
+  const auto draw = [&](std::size_t longest) {
+    std::string text(random() % (longest + 1), ' ');
+    for (char& byte : text) byte = bytes[random() % bytes.size()];
+    if (random() % 2 == 0) text.resize(20, ' ');
+    return text;
+  };
+  const auto textOf = [](const std::string& field) {
+    return String{trimmed(windows1252().decode(field))};
+  };
+  for (int i = 0; i < 100'000; ++i) {
+    const std::string one = draw(6);
+    const std::string other = draw(6);
+    ASSERT_EQ(isNumberBelow(one, other, windows1252()), textOf(one) < textOf(other))
+        << one << '|' << other << '|';
+  }
+}
+
 }  // namespace
 }  // namespace keyscout::test

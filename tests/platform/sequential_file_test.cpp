@@ -79,25 +79,5 @@ TEST(SequentialFile, TellsOfAFailureOnceAndGoesOn) {
   }
 }
 
-TEST(SequentialFile, FindsTheFirstWantedLine) {
-  // Numbers of growing width, long enough for several blocks; the last line without its end.
-  std::string bytes;
-  Strings lines;
-  for (int i = 0; i < 20'001; ++i) {
-    lines.push_back(std::to_string(100'000 + i) +
-                    std::string(static_cast<std::size_t>(i % 13), '.'));
-    bytes += lines.back() + (i % 3 == 1 ? "\r\n" : "\n");
-  }
-  bytes.pop_back();
-  for (const std::string wanted :
-       {"0", "100000", "102731", "102732.", "105999", "119998", "120000", "2"}) {
-    PiecewiseFile file{bytes, 1'000'000};
-    const auto expected = std::min(std::ranges::lower_bound(lines, wanted), lines.end() - 1);
-    ASSERT_FALSE(file.atEnd());
-    EXPECT_EQ(file.readUntil([&](std::string_view line) { return line >= wanted; }), *expected);
-    EXPECT_EQ(linesOf(file), Strings(expected + 1, lines.end())) << wanted;
-  }
-}
-
 }  // namespace
 }  // namespace keyscout::test

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstring>
 #include <map>
 #include <memory>
 #include <string>
@@ -23,7 +22,7 @@ class MemoryFiles final : public Files {
   /// How many reads succeed before one fails; below 0 none does.
   int readsBeforeFailure = -1;
 
-  std::unique_ptr<SequentialFile> open(StringView path) override {
+  std::unique_ptr<RandomAccessFile> openAtOffsets(StringView path) override {
     const std::string* const bytes = find(path);
     if (!bytes) throw platformFailure(PlatformError::fileNotFound, u"Files");
     return std::make_unique<File>(*this, *bytes);
@@ -32,22 +31,22 @@ class MemoryFiles final : public Files {
   std::chrono::sys_seconds lastModified(StringView) override { return {}; }
 
  private:
-  class File final : public SequentialFile {
+  class File final : public RandomAccessFile {
    public:
-    File(MemoryFiles& files, std::string_view bytes) : files_(files), left_(bytes) {}
+    File(MemoryFiles& files, std::string_view bytes) : files_(files), bytes_(bytes) {}
 
-   private:
-    std::size_t read(char* to, std::size_t room) override {
+    std::optional<std::uint64_t> size() const override { return bytes_.size(); }
+
+    std::size_t readAt(std::uint64_t offset, char* to, std::size_t room) override {
       if (files_.readsBeforeFailure >= 0 && files_.readsBeforeFailure-- == 0)
         throw platformFailure(PlatformError::fileAccess, u"Files");
-      const std::size_t count = std::min({room, files_.piece, left_.size()});
-      std::memcpy(to, left_.data(), count);
-      left_.remove_prefix(count);
-      return count;
+      if (offset >= bytes_.size()) return 0;
+      return bytes_.copy(to, std::min(room, files_.piece), static_cast<std::size_t>(offset));
     }
 
+   private:
     MemoryFiles& files_;
-    std::string_view left_;
+    std::string_view bytes_;
   };
 
   const std::string* find(StringView path) const {

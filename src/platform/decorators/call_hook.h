@@ -10,6 +10,9 @@ class CallHook {
  public:
   virtual ~CallHook() = default;
   virtual void onCall(std::string_view operation) = 0;
+
+  /// False when calls of `operation` need not go by for the time being.
+  virtual bool minds(std::string_view /*operation*/) const { return true; }
 };
 
 }  // namespace keyscout

@@ -1,22 +1,42 @@
 #include "platform/decorators/hooked_files.h"
 
-#include <algorithm>
 #include <string>
+#include <utility>
 
 namespace keyscout {
 namespace {
 
-/// Hands the lines of another file on one by one, so that each is a call of its own.
-class HookedFile final : public SequentialFile {
+/// Hands another file on.
+class HookedFile : public RandomAccessFile {
  public:
-  HookedFile(std::unique_ptr<SequentialFile> file, CallHook& hook, int& openCount)
-      : file_(std::move(file)), hook_(hook), openCount_(openCount) {
+  HookedFile(std::unique_ptr<RandomAccessFile> file, int& openCount)
+      : file_(std::move(file)), openCount_(openCount) {
     ++openCount_;
   }
   ~HookedFile() override { --openCount_; }
 
+  std::optional<std::uint64_t> size() const override { return file_->size(); }
+  std::size_t readAt(std::uint64_t offset, char* to, std::size_t room) override {
+    return file_->readAt(offset, to, room);
+  }
+
  private:
-  std::size_t read(char* to, std::size_t room) override {
+  std::unique_ptr<RandomAccessFile> file_;
+  int& openCount_;
+};
+
+/// Hands the lines of a text file on one by one, so that each is a call of its own.
+class HookedLines final : public RandomAccessFile {
+ public:
+  HookedLines(std::unique_ptr<SequentialFile> file, CallHook& hook, int& openCount)
+      : file_(std::move(file)), hook_(hook), openCount_(openCount) {
+    ++openCount_;
+  }
+  ~HookedLines() override { --openCount_; }
+
+  std::optional<std::uint64_t> size() const override { return std::nullopt; }
+
+  std::size_t readAt(std::uint64_t, char* to, std::size_t room) override {
     if (handedOn_ == line_.size()) {
       if (file_->atEnd()) return 0;
       hook_.onCall("readLine");
@@ -28,6 +48,7 @@ class HookedFile final : public SequentialFile {
     return count;
   }
 
+ private:
   std::unique_ptr<SequentialFile> file_;
   CallHook& hook_;
   int& openCount_;
@@ -37,9 +58,11 @@ class HookedFile final : public SequentialFile {
 
 }  // namespace
 
-std::unique_ptr<SequentialFile> HookedFiles::open(StringView path) {
+std::unique_ptr<RandomAccessFile> HookedFiles::openAtOffsets(StringView path) {
   hook_.onCall("openFile");
-  return std::make_unique<HookedFile>(files_.open(path), hook_, openCount_);
+  if (hook_.minds("readLine"))
+    return std::make_unique<HookedLines>(files_.open(path), hook_, openCount_);
+  return std::make_unique<HookedFile>(files_.openAtOffsets(path), openCount_);
 }
 
 bool HookedFiles::exists(StringView path) {

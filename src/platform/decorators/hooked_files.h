@@ -5,13 +5,14 @@
 
 namespace keyscout {
 
-/// Files whose calls go by a hook, as "openFile", "readLine" (once for each line), "fileExists" and
-/// "lastModified". Counts the files that are open.
+/// Files whose calls go by a hook, as "openFile", "readLine", "fileExists" and "lastModified". A
+/// hook that minds "readLine" when a file is opened is told of every line of it, and the file is
+/// read from its top; else it is read as without a hook. Counts the files that are open.
 class HookedFiles final : public Files {
  public:
   HookedFiles(Files& files, CallHook& hook) : files_(files), hook_(hook) {}
 
-  std::unique_ptr<SequentialFile> open(StringView path) override;
+  std::unique_ptr<RandomAccessFile> openAtOffsets(StringView path) override;
   bool exists(StringView path) override;
   std::chrono::sys_seconds lastModified(StringView path) override;
 

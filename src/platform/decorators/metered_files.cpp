@@ -5,26 +5,29 @@
 namespace keyscout {
 namespace {
 
-class MeteredFile final : public SequentialFile {
+class MeteredFile final : public RandomAccessFile {
  public:
-  MeteredFile(std::unique_ptr<SequentialFile> file, MeteredFiles::Reading& reading)
+  MeteredFile(std::unique_ptr<RandomAccessFile> file, MeteredFiles::Reading& reading)
       : file_(std::move(file)), reading_(reading) {}
 
- private:
-  std::size_t read(char* to, std::size_t room) override {
-    const std::size_t count = readFrom(*file_, to, room);
+  std::optional<std::uint64_t> size() const override { return file_->size(); }
+
+  std::size_t readAt(std::uint64_t offset, char* to, std::size_t room) override {
+    const std::size_t count = file_->readAt(offset, to, room);
+    ++reading_.calls;
     reading_.bytes += count;
     return count;
   }
 
-  std::unique_ptr<SequentialFile> file_;
+ private:
+  std::unique_ptr<RandomAccessFile> file_;
   MeteredFiles::Reading& reading_;
 };
 
 }  // namespace
 
-std::unique_ptr<SequentialFile> MeteredFiles::open(StringView path) {
-  auto file = files_.open(path);
+std::unique_ptr<RandomAccessFile> MeteredFiles::openAtOffsets(StringView path) {
+  auto file = files_.openAtOffsets(path);
   ++reading_.files;
   return std::make_unique<MeteredFile>(std::move(file), reading_);
 }

@@ -11,13 +11,14 @@ class MeteredFiles final : public Files {
  public:
   struct Reading {
     std::uint64_t files = 0;  // that were opened
+    std::uint64_t calls = 0;  // that read
     std::uint64_t bytes = 0;
   };
 
   /// `files` must outlive this and every file opened here.
   explicit MeteredFiles(Files& files) : files_(files) {}
 
-  std::unique_ptr<SequentialFile> open(StringView path) override;
+  std::unique_ptr<RandomAccessFile> openAtOffsets(StringView path) override;
   bool exists(StringView path) override { return files_.exists(path); }
   std::chrono::sys_seconds lastModified(StringView path) override {
     return files_.lastModified(path);

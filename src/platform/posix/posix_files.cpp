@@ -46,7 +46,7 @@ Error fileFailure(int code, const std::string& path) {
   return platformFailure(number(), u"Files");
 }
 
-class PosixFile final : public SequentialFile {
+class PosixFile final : public RandomAccessFile {
  public:
   explicit PosixFile(const std::string& path)
       // Opening anything but a regular file must not wait for somebody to write to it.
@@ -54,27 +54,31 @@ class PosixFile final : public SequentialFile {
     if (descriptor_ < 0) throw fileFailure(errno, path);
     struct stat status {};
     const bool isFile = ::fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode);
+    size_ = static_cast<std::uint64_t>(status.st_size);
     if (isFile) return;
     ::close(descriptor_);
     throw platformFailure(PlatformError::fileAccess, u"Files");
   }
   ~PosixFile() override { ::close(descriptor_); }
 
- private:
-  std::size_t read(char* to, std::size_t room) override {
+  std::optional<std::uint64_t> size() const override { return size_; }
+
+  std::size_t readAt(std::uint64_t offset, char* to, std::size_t room) override {
     for (;;) {
-      const ssize_t count = ::read(descriptor_, to, room);
+      const ssize_t count = ::pread(descriptor_, to, room, static_cast<off_t>(offset));
       if (count >= 0) return static_cast<std::size_t>(count);
       if (errno != EINTR) throw platformFailure(PlatformError::fileAccess, u"Files");
     }
   }
 
+ private:
   int descriptor_;
+  std::uint64_t size_ = 0;
 };
 
 }  // namespace
 
-std::unique_ptr<SequentialFile> PosixFiles::open(StringView path) {
+std::unique_ptr<RandomAccessFile> PosixFiles::openAtOffsets(StringView path) {
   return std::make_unique<PosixFile>(nativePath(path));
 }
 

@@ -49,33 +49,45 @@ struct HandleCloser {
 };
 using FileHandle = std::unique_ptr<void, HandleCloser>;
 
-class Win32File final : public SequentialFile {
+class Win32File final : public RandomAccessFile {
  public:
   // The download process may write or replace the file meanwhile; reading must not stop it.
   explicit Win32File(const std::wstring& path)
       : handle_(CreateFileW(path.c_str(), GENERIC_READ,
                             FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                            OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr)) {
+                            OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr)) {
     if (handle_.get() == INVALID_HANDLE_VALUE) throw fileFailure(GetLastError(), path);
     if (GetFileType(handle_.get()) != FILE_TYPE_DISK)
       throw platformFailure(PlatformError::fileAccess, u"Files");
+    LARGE_INTEGER size{};
+    if (!GetFileSizeEx(handle_.get(), &size))
+      throw platformFailure(PlatformError::fileAccess, u"Files");
+    size_ = static_cast<std::uint64_t>(size.QuadPart);
   }
 
- private:
-  std::size_t read(char* to, std::size_t room) override {
+  std::optional<std::uint64_t> size() const override { return size_; }
+
+  std::size_t readAt(std::uint64_t offset, char* to, std::size_t room) override {
     constexpr std::size_t maxBlock = 1u << 30;
+    OVERLAPPED place{};
+    place.Offset = static_cast<DWORD>(offset);
+    place.OffsetHigh = static_cast<DWORD>(offset >> 32);
     DWORD count = 0;
-    if (!ReadFile(handle_.get(), to, static_cast<DWORD>(std::min(room, maxBlock)), &count, nullptr))
+    if (!ReadFile(handle_.get(), to, static_cast<DWORD>(std::min(room, maxBlock)), &count,
+                  &place) &&
+        GetLastError() != ERROR_HANDLE_EOF)
       throw platformFailure(PlatformError::fileAccess, u"Files");
     return count;
   }
 
+ private:
   FileHandle handle_;
+  std::uint64_t size_ = 0;
 };
 
 }  // namespace
 
-std::unique_ptr<SequentialFile> Win32Files::open(StringView path) {
+std::unique_ptr<RandomAccessFile> Win32Files::openAtOffsets(StringView path) {
   return std::make_unique<Win32File>(toWide(path));
 }
 

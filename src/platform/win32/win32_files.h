@@ -7,7 +7,7 @@ namespace keyscout {
 /// The file system of Windows.
 class Win32Files final : public Files {
  public:
-  std::unique_ptr<SequentialFile> open(StringView path) override;
+  std::unique_ptr<RandomAccessFile> openAtOffsets(StringView path) override;
   bool exists(StringView path) override;
   std::chrono::sys_seconds lastModified(StringView path) override;
 };

@@ -28,4 +28,9 @@ void FaultPlan::onCall(std::string_view operation) {
   if (fails) throw platformFailure(PlatformError::fileAccess, u"play");
 }
 
+bool FaultPlan::minds(std::string_view operation) const {
+  return std::ranges::any_of(faults_,
+                             [&](const Fault& fault) { return fault.operation == operation; });
+}
+
 }  // namespace keyscout

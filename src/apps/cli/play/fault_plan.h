@@ -20,6 +20,8 @@ class FaultPlan final : public CallHook {
   void failAt(std::string operation, int at) { faults_.push_back({std::move(operation), at}); }
 
   void onCall(std::string_view operation) override;
+  /// True while a call of `operation` is to fail.
+  bool minds(std::string_view operation) const override;
 
  private:
   struct Fault {

@@ -16,9 +16,9 @@ class DamagedFiles final : public Files {
   void damage(StringView path) { damaged_.insert(String{path}); }
   void repair() { damaged_.clear(); }
 
-  std::unique_ptr<SequentialFile> open(StringView path) override {
+  std::unique_ptr<RandomAccessFile> openAtOffsets(StringView path) override {
     if (damaged_.contains(String{path})) throw platformFailure(PlatformError::fileAccess, u"Files");
-    return files_.open(path);
+    return files_.openAtOffsets(path);
   }
   bool exists(StringView path) override { return files_.exists(path); }
   std::chrono::sys_seconds lastModified(StringView path) override {
