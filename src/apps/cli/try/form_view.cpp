@@ -51,7 +51,8 @@ void FormView::drawTextBox(const Rectangle& place, const TextBox& textBox, bool 
   screen_.text(place.row, place.column, place.columns, toCodePoints(StringView{text}.substr(first)),
                hasFocus ? Style::focusedField : Style::field);
   if (hasFocus)
-    screen_.placeCaret(place.row, place.column + columnsOf(toCodePoints(beforeCaret.substr(first))));
+    screen_.placeCaret(place.row,
+                       place.column + columnsOf(toCodePoints(beforeCaret.substr(first))));
 }
 
 std::size_t FormView::firstShownChoice(int width) const {
