@@ -2,6 +2,7 @@
 #include "shared/data_format/brand_line.h"
 #include "shared/data_format/directory_files.h"
 #include "shared/data_format/index_line.h"
+#include "shared/data_format/line_digest.h"
 
 namespace keyscout {
 namespace {
@@ -32,11 +33,15 @@ void RWKeyscoutController::initialize() {
 
 void RWKeyscoutController::loadIndex() {
   module_->catalogTableCount = 0;
+  module_->catalogIndexDigest.reset();
   const auto file = platform_.files.open(pathInDirectory(KeyscoutIndexFile()));
   module_->catalogTableIndex.resize(keyscoutModule::catalogTableCapacity);
+  LineDigest digest;
   String line;
   while (!file->atEnd()) {
-    platform_.codePage.decode(file->readLine(), line);
+    const std::string_view bytes = file->readLine();
+    digest.add(bytes);
+    platform_.codePage.decode(bytes, line);
     if (trimmed(line).empty()) continue;
     if (module_->catalogTableCount >= keyscoutModule::catalogTableCapacity)
       throw platformFailure(PlatformError::subscriptOutOfRange, controllerClass);
@@ -44,6 +49,7 @@ void RWKeyscoutController::loadIndex() {
         parseIndexLine(line);
     ++module_->catalogTableCount;
   }
+  module_->catalogIndexDigest = digest.value();
 }
 
 void RWKeyscoutController::loadBrands() {

@@ -1,6 +1,7 @@
 #include <optional>
 
 #include "base/numbers.h"
+#include "lookup/brand_tables.h"
 #include "lookup/list_limits.h"
 #include "lookup/lookup_engine.h"
 #include "lookup/table_reader.h"
@@ -23,7 +24,7 @@ void LookupEngine::loadKeyscoutCombo(const String& key, std::int16_t maxCount,
 
 /// False when the catalog ended before the list had `maxCount` entries.
 bool LookupEngine::fillList(const String& key, std::int16_t maxCount, const String& brandFilter) {
-  const String path = tablePath(module_->getTableNumber(fields_.currentTableIndex));
+  String path = tablePath(module_->getTableNumber(fields_.currentTableIndex));
   fields_.listLoaded = True;
   std::optional<TableReader> table;
   table.emplace(platform_.files.openAtOffsets(path), platform_.codePage, tableBuffer_);
@@ -35,6 +36,7 @@ bool LookupEngine::fillList(const String& key, std::int16_t maxCount, const Stri
     return count >= maxCount || count >= ListLimits::maxEntries;
   };
 
+  BrandTables brands{platform_, *module_, brandFilter};
   if (isFull()) return true;
   if (const auto line = table->readFirstFor(key)) offer(*line, brandFilter);
 
@@ -45,19 +47,21 @@ bool LookupEngine::fillList(const String& key, std::int16_t maxCount, const Stri
       continue;
     }
     table.reset();
-    ++fields_.currentTableIndex;
-    if (fields_.currentTableIndex >= module_->getTableCount()) {
-      markEndOfCatalog();
-      return false;
-    }
-    table.emplace(openNextTable(), platform_.codePage, tableBuffer_);
+    do {
+      ++fields_.currentTableIndex;
+      if (fields_.currentTableIndex >= module_->getTableCount()) {
+        markEndOfCatalog();
+        return false;
+      }
+      // All tables but the first are named by their positions.
+      path = tablePath(decimal(fields_.currentTableIndex));
+    } while (brands.admitNothingOf(fields_.currentTableIndex, path));
+    table.emplace(openNextTable(path), platform_.codePage, tableBuffer_);
   }
   return true;
 }
 
-/// Opens the table at `currentTableIndex`, which is named by its position.
-std::unique_ptr<RandomAccessFile> LookupEngine::openNextTable() {
-  const String path = tablePath(decimal(fields_.currentTableIndex));
+std::unique_ptr<RandomAccessFile> LookupEngine::openNextTable(const String& path) {
   if (!platform_.files.exists(path)) {
     tracer_.log(lookupProcedure(u"keyInKeyscout"), u"Missing catalog table: " + path);
     for (int i = 0; i < ListLimits::fillers; ++i) client_.list().append(u"");

@@ -50,7 +50,7 @@ class LookupEngine {
   // load_table.cpp
   void loadKeyscoutCombo(const String& key, std::int16_t maxCount, const String& brandFilter);
   bool fillList(const String& key, std::int16_t maxCount, const String& brandFilter);
-  std::unique_ptr<RandomAccessFile> openNextTable();
+  std::unique_ptr<RandomAccessFile> openNextTable(const String& path);
   void markEndOfCatalog();
   String tablePath(StringView designation) const;
   void offer(std::string_view line, const String& brandFilter);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 #include <memory>
 
 #include "base/text.h"
@@ -8,6 +9,14 @@
 #include "platform/sequential_file.h"
 
 namespace keyscout {
+
+/// By what a file is known to be what it was.
+struct FileStamp {
+  using Time = std::chrono::sys_time<std::chrono::nanoseconds>;
+
+  std::uint64_t size = 0;  // in bytes
+  Time lastModified{};     // as fine as the system has it
+};
 
 /// The files of the data directory, read only. Paths are as the host gives them, with backslashes.
 class Files {
@@ -28,6 +37,9 @@ class Files {
 
   /// When the file was last written, to the second. Fails as `open` does.
   virtual std::chrono::sys_seconds lastModified(StringView path) = 0;
+
+  /// What the file is known by, without opening it. Fails as `open` does.
+  virtual FileStamp stamp(StringView path) = 0;
 };
 
 }  // namespace keyscout

@@ -37,6 +37,9 @@ struct keyscoutModule {
   /// earlier load left there, or empty.
   std::vector<CatalogTableEntry> catalogTableIndex;
   std::int16_t catalogTableCount = 0;
+  /// The `LineDigest` of the index file, absent unless all of it was loaded: all that is kept of
+  /// what spares reading tables by brand.
+  std::optional<std::uint64_t> catalogIndexDigest;
 
   String KeyscoutDirectory;  // ends in a backslash
   String KeyscoutIndexFile;

@@ -29,6 +29,11 @@ class MemoryFiles final : public Files {
   }
   bool exists(StringView path) override { return find(path) != nullptr; }
   std::chrono::sys_seconds lastModified(StringView) override { return {}; }
+  FileStamp stamp(StringView path) override {
+    const std::string* const bytes = find(path);
+    if (!bytes) throw platformFailure(PlatformError::fileNotFound, u"Files");
+    return {bytes->size(), {}};
+  }
 
  private:
   class File final : public RandomAccessFile {

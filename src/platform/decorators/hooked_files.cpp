@@ -3,6 +3,8 @@
 #include <string>
 #include <utility>
 
+#include "base/error.h"
+
 namespace keyscout {
 namespace {
 
@@ -73,6 +75,12 @@ bool HookedFiles::exists(StringView path) {
 std::chrono::sys_seconds HookedFiles::lastModified(StringView path) {
   hook_.onCall("lastModified");
   return files_.lastModified(path);
+}
+
+FileStamp HookedFiles::stamp(StringView path) {
+  if (hook_.minds("openFile") || hook_.minds("readLine"))
+    throw platformFailure(PlatformError::fileAccess, u"Files");
+  return files_.stamp(path);
 }
 
 }  // namespace keyscout

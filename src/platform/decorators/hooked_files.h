@@ -15,6 +15,9 @@ class HookedFiles final : public Files {
   std::unique_ptr<RandomAccessFile> openAtOffsets(StringView path) override;
   bool exists(StringView path) override;
   std::chrono::sys_seconds lastModified(StringView path) override;
+  /// Fails with path or file access error (75) while the hook minds calls that a stamp spares:
+  /// opening a file and reading its lines.
+  FileStamp stamp(StringView path) override;
 
   int openCount() const { return openCount_; }
 

@@ -32,4 +32,9 @@ std::unique_ptr<RandomAccessFile> MeteredFiles::openAtOffsets(StringView path) {
   return std::make_unique<MeteredFile>(std::move(file), reading_);
 }
 
+FileStamp MeteredFiles::stamp(StringView path) {
+  ++reading_.stamps;
+  return files_.stamp(path);
+}
+
 }  // namespace keyscout

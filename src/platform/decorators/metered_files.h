@@ -13,6 +13,7 @@ class MeteredFiles final : public Files {
     std::uint64_t files = 0;  // that were opened
     std::uint64_t calls = 0;  // that read
     std::uint64_t bytes = 0;
+    std::uint64_t stamps = 0;  // of files that were not opened for them
   };
 
   /// `files` must outlive this and every file opened here.
@@ -23,6 +24,7 @@ class MeteredFiles final : public Files {
   std::chrono::sys_seconds lastModified(StringView path) override {
     return files_.lastModified(path);
   }
+  FileStamp stamp(StringView path) override;
 
   const Reading& reading() const { return reading_; }
   void reset() { reading_ = {}; }

@@ -89,11 +89,17 @@ bool PosixFiles::exists(StringView path) {
 }
 
 std::chrono::sys_seconds PosixFiles::lastModified(StringView path) {
+  return std::chrono::floor<std::chrono::seconds>(stamp(path).lastModified);
+}
+
+FileStamp PosixFiles::stamp(StringView path) {
   const std::string native = nativePath(path);
   struct stat status {};
   if (::stat(native.c_str(), &status) != 0) throw fileFailure(errno, native);
   if (!S_ISREG(status.st_mode)) throw platformFailure(PlatformError::fileAccess, u"Files");
-  return std::chrono::sys_seconds{std::chrono::seconds{status.st_mtim.tv_sec}};
+  return {static_cast<std::uint64_t>(status.st_size),
+          FileStamp::Time{std::chrono::seconds{status.st_mtim.tv_sec} +
+                          std::chrono::nanoseconds{status.st_mtim.tv_nsec}}};
 }
 
 }  // namespace keyscout

@@ -97,18 +97,24 @@ bool Win32Files::exists(StringView path) {
 }
 
 std::chrono::sys_seconds Win32Files::lastModified(StringView path) {
+  return std::chrono::floor<std::chrono::seconds>(stamp(path).lastModified);
+}
+
+FileStamp Win32Files::stamp(StringView path) {
   const std::wstring wide = toWide(path);
   WIN32_FILE_ATTRIBUTE_DATA data{};
   if (!GetFileAttributesExW(wide.c_str(), GetFileExInfoStandard, &data))
     throw fileFailure(GetLastError(), wide);
-  ULARGE_INTEGER ticks{};
-  ticks.LowPart = data.ftLastWriteTime.dwLowDateTime;
-  ticks.HighPart = data.ftLastWriteTime.dwHighDateTime;
+  if (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)
+    throw platformFailure(PlatformError::fileAccess, u"Files");
+  const auto joined = [](DWORD high, DWORD low) { return std::uint64_t{high} << 32 | low; };
   // Windows counts units of 100 ns from the year 1601.
-  constexpr std::int64_t ticksPerSecond = 10'000'000;
+  using Ticks = std::chrono::duration<std::int64_t, std::ratio<1, 10'000'000>>;
   constexpr std::chrono::seconds from1601To1970{11'644'473'600};
-  const std::chrono::seconds since1601{static_cast<std::int64_t>(ticks.QuadPart) / ticksPerSecond};
-  return std::chrono::sys_seconds{since1601 - from1601To1970};
+  const Ticks since1601{static_cast<std::int64_t>(
+      joined(data.ftLastWriteTime.dwHighDateTime, data.ftLastWriteTime.dwLowDateTime))};
+  return {joined(data.nFileSizeHigh, data.nFileSizeLow),
+          FileStamp::Time{since1601 - from1601To1970}};
 }
 
 }  // namespace keyscout

@@ -10,6 +10,7 @@ class Win32Files final : public Files {
   std::unique_ptr<RandomAccessFile> openAtOffsets(StringView path) override;
   bool exists(StringView path) override;
   std::chrono::sys_seconds lastModified(StringView path) override;
+  FileStamp stamp(StringView path) override;
 };
 
 }  // namespace keyscout

@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "apps/cli/check/brand_check.h"
+#include "apps/cli/check/brand_index_check.h"
 #include "apps/cli/check/case_check.h"
 #include "apps/cli/check/index_check.h"
 #include "apps/cli/check/start_up_check.h"
@@ -58,8 +59,10 @@ CheckSummary checkCatalog(Files& files, const DataDirectory& names, const Findin
   const NumberOrder order{directory.codePage};
   CaseCheck letterCase{directory, order};
   StepProgress lines{directory, "Checking tables", totalSize(directory, tables)};
-  TableCheck check{directory, order, brands, letterCase, lines};
-  for (const IndexedTable& table : tables) check.check(table);
+  BrandIndexCheck brandIndex{directory};
+  TableCheck check{directory, order, brands, brandIndex, letterCase, lines};
+  for (std::size_t i = 0; i < tables.size(); ++i) check.check(tables[i], i);
+  brandIndex.check(tables);
   if (letterCase.hasNotes()) compareLetterCase(directory, tables, letterCase);
   return {tables.size(), lines.lines()};
 }

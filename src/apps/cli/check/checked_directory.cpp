@@ -5,8 +5,12 @@
 
 namespace keyscout {
 
+String CheckedDirectory::pathTo(std::string_view name) const {
+  return fromUtf8(pathText(names.path)) + u'\\' + fromUtf8(name);
+}
+
 std::unique_ptr<SequentialFile> CheckedDirectory::open(std::string_view name) const {
-  return files.open(fromUtf8(pathText(names.path)) + u'\\' + fromUtf8(name));
+  return files.open(pathTo(name));
 }
 
 std::uint64_t CheckedDirectory::sizeOf(std::string_view name) const {

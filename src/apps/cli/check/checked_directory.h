@@ -26,8 +26,13 @@ struct CheckedDirectory {
   CheckProgress progress;
   const CodePage& codePage;
 
+  /// The file `name` of the directory as `files` takes it.
+  String pathTo(std::string_view name) const;
   /// Opens the file `name` of the directory; fails as `Files::open` does.
   std::unique_ptr<SequentialFile> open(std::string_view name) const;
+  bool exists(std::string_view name) const { return files.exists(pathTo(name)); }
+  /// Fails as `Files::stamp` does.
+  FileStamp stamp(std::string_view name) const { return files.stamp(pathTo(name)); }
   /// The size of the file `name`, 0 where it has none.
   std::uint64_t sizeOf(std::string_view name) const;
 

@@ -18,7 +18,8 @@ bool isPlainNumber(std::string_view text) {
 
 }  // namespace
 
-void TableCheck::check(const IndexedTable& table) {
+void TableCheck::check(const IndexedTable& table, std::size_t position) {
+  position_ = position;
   file_ = table.fileName;
   line_ = 0;
   first_ = {};
@@ -74,6 +75,7 @@ void TableCheck::checkLine(std::string_view bytes) {
     case_.note(number);
   }
   brands_.check(brand, file_, line_);
+  brandIndex_.note(brand, position_);
 
   previous_.index = line.index();
   previous_.number = number;

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "apps/cli/check/brand_check.h"
+#include "apps/cli/check/brand_index_check.h"
 #include "apps/cli/check/case_check.h"
 #include "apps/cli/check/checked_directory.h"
 #include "apps/cli/check/index_check.h"
@@ -43,14 +44,16 @@ class TableCheck {
  public:
   /// All must outlive the check.
   TableCheck(const CheckedDirectory& directory, const NumberOrder& order, BrandCheck& brands,
-             CaseCheck& letterCase, StepProgress& progress)
+             BrandIndexCheck& brandIndex, CaseCheck& letterCase, StepProgress& progress)
       : directory_(directory),
         order_(order),
         brands_(brands),
+        brandIndex_(brandIndex),
         case_(letterCase),
         progress_(progress) {}
 
-  void check(const IndexedTable& table);
+  /// Checks the table at `position` of the index.
+  void check(const IndexedTable& table, std::size_t position);
 
  private:
   /// A number and where it stands.
@@ -74,10 +77,12 @@ class TableCheck {
   const CheckedDirectory& directory_;
   const NumberOrder& order_;
   BrandCheck& brands_;
+  BrandIndexCheck& brandIndex_;
   CaseCheck& case_;
   StepProgress& progress_;
 
   std::string file_;
+  std::size_t position_ = 0;
   std::uint64_t line_ = 0;
   Place previous_;  // the last complete line, also of the table before
   Place first_;     // the first complete line of this table

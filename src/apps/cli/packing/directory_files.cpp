@@ -30,7 +30,8 @@ void checkName(const std::string& role, const std::string& name) {
   // A host puts the name behind the directory, where a backslash is a separator on every system.
   if (name.empty() || name == "." || name == ".." || name.find_first_of("/\\") != name.npos)
     throw refusal("must be the plain name of a file; give it another one.");
-  for (const StringView taken : {DirectoryFiles::control, DirectoryFiles::brands, stagingFolder})
+  for (const StringView taken :
+       {DirectoryFiles::control, DirectoryFiles::brands, DirectoryFiles::brandIndex, stagingFolder})
     if (equalIgnoringCase(fromUtf8(name), taken))
       throw refusal("has the name of another file in the directory; give it another one.");
   if (isTableName(name)) throw refusal("has the name of a catalog table; give it another one.");

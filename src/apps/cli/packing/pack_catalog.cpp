@@ -5,6 +5,7 @@
 #include <string>
 #include <system_error>
 
+#include "apps/cli/packing/brand_index_writer.h"
 #include "apps/cli/packing/brand_writer.h"
 #include "apps/cli/packing/control_file.h"
 #include "apps/cli/packing/directory_files.h"
@@ -85,6 +86,7 @@ class Packing {
 
   void writeTables() {
     TableWriter tables{staging_.catalog(), options_.indexName, summary_.linesPerTable};
+    BrandIndexWriter brandIndex;
     std::string number;
     std::uint64_t written = 0;
     while (const SortRecord* record = byNumber_.next()) {
@@ -92,10 +94,13 @@ class Packing {
       duplicates_.check({record->key, payload.line});
       order_.toText(record->key, number);
       constexpr std::size_t indexWidth = RecordColumns::index.width;
-      tables.add({payload.text.substr(0, indexWidth), number, payload.text.substr(indexWidth)});
+      const std::string_view brand = payload.text.substr(indexWidth);
+      tables.add({payload.text.substr(0, indexWidth), number, brand});
+      brandIndex.add(brand, written / summary_.linesPerTable);
       if (++written % recordsPerReport == 0) report("Writing", written, summary_.records);
     }
     summary_.tables = tables.finish();
+    brandIndex.write(staging_.catalog(), options_.indexName, summary_.tables);
   }
 
   void report(std::string_view step, std::uint64_t done, std::uint64_t total) const {

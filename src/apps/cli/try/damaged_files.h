@@ -24,6 +24,7 @@ class DamagedFiles final : public Files {
   std::chrono::sys_seconds lastModified(StringView path) override {
     return files_.lastModified(path);
   }
+  FileStamp stamp(StringView path) override { return files_.stamp(path); }
 
  private:
   Files& files_;

@@ -40,6 +40,14 @@ class PanelLines {
   int line_ = 0;
 };
 
+/// The files that were opened, and how many the brand index made it possible to pass over.
+std::string filesText(const MeteredFiles::Reading& reading) {
+  // The brand index itself is one that is only looked at.
+  const std::string opened = std::to_string(reading.files);
+  if (reading.stamps < 2) return opened;
+  return opened + ", " + std::to_string(reading.stamps - 1) + " passed over";
+}
+
 struct HostKey {
   std::wstring key;
   std::wstring meaning;
@@ -81,7 +89,7 @@ void drawState(Screen& screen, const Rectangle& area, TryForm& form,
   lines.value(L"Tables", std::to_string(module.catalogTableCount));
 
   lines.heading(L"Last lookup");
-  lines.value(L"Files", cost ? std::to_string(cost->reading.files) : "-");
+  lines.value(L"Files", cost ? filesText(cost->reading) : "-");
   lines.value(L"Bytes", cost ? std::to_string(cost->reading.bytes) : "-");
   lines.value(L"Microseconds", cost ? std::to_string(cost->time.count()) : "-");
 

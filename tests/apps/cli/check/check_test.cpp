@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "apps/cli/check/check_output.h"
+#include "apps/cli/packing/brand_index_writer.h"
 #include "platform/local/native_files.h"
 #include "support/small_catalog.h"
 
@@ -33,6 +34,14 @@ Checked check(const SmallCatalog& catalog) {
     checked.sentences.push_back(finding.sentence);
   });
   return checked;
+}
+
+/// Adds a brand index that tells of ACME in every table and of BOLT in these.
+void addBrandIndex(const SmallCatalog& catalog, const std::vector<std::size_t>& tablesOfBolt) {
+  BrandIndexWriter writer;
+  for (const std::size_t table : {0U, 1U, 2U}) writer.add("ACME", table);
+  for (const std::size_t table : tablesOfBolt) writer.add("BOLT", table);
+  writer.write(catalog.path(), "catindex.txt", 3);
 }
 
 struct Damage {
@@ -200,6 +209,40 @@ const Damage damages[] = {
      put("1.txt", 3, brandColumn, "Acme"),
      {"1.txt:3: warning"},
      "is spelled \"ACME\""},
+
+    {"BrandIndexWithoutATable",
+     [](const SmallCatalog& catalog) {
+       addBrandIndex(catalog, {0, 2});
+     },
+     {"brandindex.txt:1: error"},
+     "brand \"BOLT\" stands in table 1"},
+    {"BrandIndexOfAnotherIndex",
+     [](const SmallCatalog& catalog) {
+       addBrandIndex(catalog, {0, 1, 2});
+       catalog.append("catindex.txt", "");
+     },
+     {"brandindex.txt:2: warning"},
+     "not made for this catindex.txt"},
+    {"BrandIndexCut",
+     [](const SmallCatalog& catalog) {
+       addBrandIndex(catalog, {0, 1, 2});
+       SmallCatalog::Lines lines = catalog.read("brandindex.txt");
+       lines.pop_back();
+       catalog.writeLines("brandindex.txt", lines);
+     },
+     {"brandindex.txt:6: warning"},
+     "damaged"},
+    {"BrandIndexOfSomethingElse",
+     fill("brandindex.txt", {"ACME", "BOLT"}),
+     {"brandindex.txt:1: warning"},
+     "no brand index"},
+    {"TableChangedAfterTheBrandIndex",
+     [](const SmallCatalog& catalog) {
+       addBrandIndex(catalog, {0, 2});
+       catalog.writeLines("1.txt", catalog.read("1.txt"));
+     },
+     {"1.txt:1: warning"},
+     "was changed after brandindex.txt"},
 };
 
 INSTANTIATE_TEST_SUITE_P(All, CheckDamage, testing::ValuesIn(damages),
@@ -207,6 +250,7 @@ INSTANTIATE_TEST_SUITE_P(All, CheckDamage, testing::ValuesIn(damages),
 
 TEST(Check, FindsNothingInASoundCatalog) {
   const SmallCatalog catalog;
+  addBrandIndex(catalog, {0, 1, 2});
   const Checked checked = check(catalog);
   EXPECT_EQ(checked.places, Places{});
   EXPECT_EQ(checked.summary.tables, 3U);

@@ -125,6 +125,9 @@ TEST_F(Pack, WritesEveryFileByteForByte) {
                            record(12, "EXA-2", padded("Zeta", 50)) +
                            record(12, "EXA-2", padded("Zeta", 50)) + "\r\n"},
       {"brandinfo.txt", "Zeta\r\nACME 9\r\n"},
+      {"brandindex.txt",
+       "BRANDINDEX 1\r\nINDEX 4412229a9dc70cfb\r\nSIZES 226 76\r\n0 \r\n0 ACME 9\r\n0 ZETA\r\n1 Zeta\r\n"
+       "END f211a47df284f9d9\r\n"},
       {"catcontrol.txt", "READY\r\n"},
       {"list.txt", readFile(wanted.download)}};
   EXPECT_EQ(snapshotOf(directory()), expected);
@@ -334,7 +337,7 @@ TEST_F(Pack, RepacksOverItselfAndRemovesWhatIsLeftOver) {
   EXPECT_EQ(second.extract("note.txt").mapped(), "not ours");
   std::vector<std::string> names;
   for (const auto& file : second) names.push_back(file.first);
-  EXPECT_EQ(names, (std::vector<std::string>{"0.txt", "1.txt", "brandinfo.txt", "catcontrol.txt",
+  EXPECT_EQ(names, (std::vector<std::string>{"0.txt", "1.txt", "brandindex.txt", "brandinfo.txt", "catcontrol.txt",
                                              "catindex.txt", "list.txt"}));
 }
 
