@@ -3,12 +3,15 @@
 #include <array>
 #include <cstdint>
 #include <cstdio>
-#include <fstream>
 #include <iostream>
 #include <random>
-#include <stdexcept>
 
-#include "apps/cli/packing/pack_catalog.h"
+#include "apps/cli/files/output_file.h"
+#include "apps/cli/packing/brand_index_writer.h"
+#include "apps/cli/packing/brand_writer.h"
+#include "apps/cli/packing/table_writer.h"
+#include "apps/cli/sorting/number_order.h"
+#include "base/code_page.h"
 
 namespace keyscout::bench {
 namespace {
@@ -24,30 +27,22 @@ constexpr std::uint64_t lastPart = 10'000;
 constexpr std::uint64_t middlePart = 1'000;
 constexpr std::uint64_t allNumbers = letters.size() * letters.size() * middlePart * lastPart;
 
-std::string padded(std::string text, std::size_t width) {
-  text.resize(width, ' ');
-  return text;
-}
+constexpr std::size_t maxTables = 1001;
+constexpr std::size_t families = 500;
 
 }  // namespace
 
-BenchCatalog::BenchCatalog(std::size_t size, const std::filesystem::path& folder)
-    : size_(size), directory_(folder / std::to_string(size)) {
-  std::string status;
-  std::ifstream{directory_ / "catcontrol.txt"} >> status;
-  if (status == "READY") return;
-
+BenchCatalog::BenchCatalog(std::size_t size, Layout layout, const std::filesystem::path& folder)
+    : size_(size), layout_(layout), directory_(folder / name()) {
+  if (std::filesystem::exists(directory_ / "catcontrol.txt")) return;
   std::cerr << "making a catalog of " << size_ << " numbers\n";
   std::filesystem::create_directories(directory_);
-  const auto download = directory_ / "download.txt";
-  writeDownload(download);
-  PackOptions options;
-  options.download = download;
-  options.directory = directory_;
-  packCatalog(options);
+  write();
 }
 
-std::string BenchCatalog::name() const { return std::to_string(size_ / 1'000'000) + "M"; }
+std::string BenchCatalog::name() const {
+  return std::to_string(size_ / 1'000'000) + (layout_ == Layout::mixed ? "M" : "M-families");
+}
 
 std::string BenchCatalog::number(std::size_t position) const {
   const std::uint64_t value = position * (allNumbers / size_);
@@ -61,25 +56,45 @@ std::string BenchCatalog::number(std::size_t position) const {
 }
 
 std::string BenchCatalog::brand(std::size_t position) const {
-  return std::string{brands[position * 7919 % brands.size()]};
+  const std::size_t distance = size_ / numbersOfRareBrands;
+  if (position % distance == distance / 2) return rareBrand;
+  if (position % 2 == 1 && position < 2 * numbersOfRareBrands) return earlyBrand;
+  const std::size_t unit = layout_ == Layout::mixed ? position : position / (size_ / families);
+  return std::string{brands[unit * 7919 % brands.size()]};
 }
 
 std::vector<std::string> BenchCatalog::randomNumbers(std::size_t count) const {
   std::mt19937_64 random{20};
+  const std::size_t first = size_ / 100;
   std::vector<std::string> numbers;
-  for (std::size_t i = 0; i < count; ++i) numbers.push_back(number(random() % size_));
+  for (std::size_t i = 0; i < count; ++i)
+    numbers.push_back(number(first + random() % (size_ - first)));
   return numbers;
 }
 
-void BenchCatalog::writeDownload(const std::filesystem::path& path) const {
-  std::ofstream out{path, std::ios::binary};
-  out << "FORMAT=[INDEX(10)][CATALOG(60)][BRAND(50)]\r\n";
-  // A stride that no size divides brings every position once, out of order.
-  constexpr std::size_t stride = 7'654'321;
-  for (std::size_t i = 0, position = 0; i < size_; ++i, position = (position + stride) % size_)
-    out << padded(std::to_string(position), 10) << padded(number(position), 60)
-        << padded(brand(position), 50) << "\r\n";
-  if (!out.flush()) throw std::runtime_error{"cannot write " + path.string()};
+/// What `pack` would make of a download of these numbers, without sorting what is in order.
+void BenchCatalog::write() const {
+  const std::filesystem::path indexName = "catindex.txt";
+  const std::size_t linesPerTable = (size_ + maxTables - 1) / maxTables;
+  const NumberOrder order{windows1252()};
+  BrandWriter brandFile{directory_, order};
+  BrandIndexWriter brandIndex;
+  TableWriter tables{directory_, indexName, linesPerTable};
+  for (std::size_t i = 0; i < size_; ++i) {
+    const std::string brandName = brand(i);
+    tables.add({std::to_string(i), number(i), brandName});
+    brandFile.add(brandName);
+    brandIndex.add(brandName, i / linesPerTable);
+  }
+  brandFile.close();
+  brandIndex.write(directory_, indexName, tables.finish());
+  const auto writeLine = [&](const char* file, std::string_view line) {
+    OutputFile out{directory_ / file};
+    out.write(line);
+    out.close();
+  };
+  writeLine("download.txt", "FORMAT=[INDEX(10)][CATALOG(60)][BRAND(50)]\r\n");
+  writeLine("catcontrol.txt", "READY\r\n");
 }
 
 }  // namespace keyscout::bench

@@ -7,11 +7,23 @@
 
 namespace keyscout::bench {
 
-/// A packed catalog of made-up numbers, the same ones at every run. Made at first use, which takes
+/// How the twenty usual brands share the numbers.
+enum class Layout {
+  mixed,    // number by number
+  families  // in runs of thousands of numbers, as makers give them
+};
+
+/// A data directory of made-up numbers, the same ones at every run. Made at first use, which takes
 /// a while, and kept in `folder`.
 class BenchCatalog {
  public:
-  BenchCatalog(std::size_t size, const std::filesystem::path& folder);
+  /// Stands beside the usual brands, five times in the catalog.
+  static constexpr const char* rareBrand = "RAREST";
+  /// The same, but all five are among the first numbers.
+  static constexpr const char* earlyBrand = "EARLIEST";
+  static constexpr std::size_t numbersOfRareBrands = 5;
+
+  BenchCatalog(std::size_t size, Layout layout, const std::filesystem::path& folder);
 
   std::size_t size() const { return size_; }
   const std::filesystem::path& directory() const { return directory_; }
@@ -21,13 +33,15 @@ class BenchCatalog {
   std::string number(std::size_t position) const;
   std::string brand(std::size_t position) const;
 
-  /// `count` random numbers of the catalog, the same ones at every run.
+  /// `count` random numbers of the catalog, the same ones at every run, none of them among the
+  /// first hundredth.
   std::vector<std::string> randomNumbers(std::size_t count) const;
 
  private:
-  void writeDownload(const std::filesystem::path& path) const;
+  void write() const;
 
   std::size_t size_;
+  Layout layout_;
   std::filesystem::path directory_;
 };
 

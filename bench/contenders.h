@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -15,26 +16,18 @@ namespace keyscout::bench {
 /// The nine catalog numbers from a text on, as the component would list them.
 using Answer = std::vector<std::string>;
 
-/// The parts of table files that a lookup cannot do without.
-struct FilePart {
-  std::string path;
-  std::size_t bytes;
-};
+/// The brands that a question is about; all where there are none.
+using Brands = std::vector<std::string>;
 
-/// What a lookup that lists `entries` from table `table` on must read: each table from its first
-/// line to the last one that it offers.
-std::vector<FilePart> requiredParts(const std::filesystem::path& directory, int table,
-                                    const Answer& entries);
-
-/// Reads the parts in blocks and does nothing with them; how many bytes it read.
-std::size_t readBare(const std::vector<FilePart>& parts);
-
-/// The catalog in a SQLite database with an index on the number.
+/// The catalog in a SQLite database with an index on the number and one on brand and number; each
+/// question is asked in the way that is best for it.
 class SqliteCatalog {
  public:
   explicit SqliteCatalog(const BenchCatalog& catalog);
-  /// An empty `brand` filters nothing.
-  Answer find(const std::string& text, const std::string& brand);
+  Answer find(const std::string& text, const Brands& brands);
+  const std::filesystem::path& file() const { return file_; }
+  /// Drops what the library holds of the file in its own memory.
+  void forget() { sqlite3_db_release_memory(database_.get()); }
 
  private:
   struct Close {
@@ -43,15 +36,21 @@ class SqliteCatalog {
   };
   void run(const char* sql);
 
+  using Statement = std::unique_ptr<sqlite3_stmt, Close>;
+  void create(const BenchCatalog& catalog);
+  void open(const std::filesystem::path& file);
+  Statement prepare(const std::string& sql);
+
+  std::filesystem::path file_;
   std::unique_ptr<sqlite3, Close> database_;
-  std::unique_ptr<sqlite3_stmt, Close> query_;
+  std::map<std::size_t, Statement> queries_;  // by the number of their brands
 };
 
 /// The catalog as two sorted arrays in memory.
 class SortedCatalog {
  public:
   explicit SortedCatalog(const BenchCatalog& catalog);
-  Answer find(const std::string& text, const std::string& brand) const;
+  Answer find(const std::string& text, const Brands& brands) const;
 
  private:
   std::vector<std::string> numbers_;

@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "base/utf8.h"
+#include "platform/local/local_brand_list.h"
 
 namespace keyscout::bench {
 
@@ -10,8 +11,10 @@ MessageBoxButton LookupStage::Box::show(StringView text, std::int32_t, StringVie
   throw std::runtime_error{toUtf8(text)};
 }
 
-LookupStage::LookupStage(const std::filesystem::path& directory)
-    : surface_(form_.addSurface()), control_(platform_, *surface_, events_) {
+LookupStage::LookupStage(const std::filesystem::path& directory, Files& files)
+    : platform_(files, box_),
+      surface_(form_.addSurface()),
+      control_(platform_, *surface_, events_) {
   controller_.setKeyscoutDirectory(fromUtf8(directory.string()));
   controller_.setKeyscoutIndexFile(u"catindex.txt");
   controller_.setCatalogNumbersDownloadFile(u"download.txt");
@@ -27,7 +30,14 @@ void LookupStage::press(std::int16_t keyCode) {
   form_.keyUp(keyCode, 0);
 }
 
-void LookupStage::setBrand(const std::string& brand) { control_.setBrand(fromUtf8(brand)); }
+void LookupStage::setBrands(const std::vector<std::string>& brands) {
+  const bool hasOne = brands.size() == 1;
+  control_.setBrand(hasOne ? fromUtf8(brands.front()) : String{});
+  const auto authorized = std::make_shared<LocalBrandList>();
+  if (!hasOne)
+    for (const std::string& brand : brands) authorized->add(fromUtf8(brand));
+  controller_.setAuthorizedBrands(authorized);
+}
 
 std::vector<std::string> LookupStage::entries() const {
   std::vector<std::string> entries;

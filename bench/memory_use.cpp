@@ -8,6 +8,7 @@
 #include <string>
 
 #include "lookup_stage.h"
+#include "platform/posix/posix_files.h"
 
 namespace keyscout::bench {
 namespace {
@@ -25,7 +26,8 @@ long residentMemory() {
 long growthOfThisProcess(const BenchCatalog& catalog) {
   const auto numbers = catalog.randomNumbers(1'000);
   const long before = residentMemory();
-  LookupStage stage{catalog.directory()};
+  PosixFiles files;
+  LookupStage stage{catalog.directory(), files};
   for (const std::string& number : numbers) stage.enter(number);
   return residentMemory() - before;
 }
