@@ -6,7 +6,7 @@ _keyscout() {
   COMPREPLY=()
 
   if ((COMP_CWORD == 1)); then
-    COMPREPLY=($(compgen -W "check lookup pack play try $common" -- "$current"))
+    COMPREPLY=($(compgen -W "check help lookup pack play try $common" -- "$current"))
     return
   fi
   case $previous in
@@ -21,7 +21,7 @@ _keyscout() {
     check) options="--json --index --download" ;;
     lookup) options="--brand --authorized --count --json --index --download" ;;
     pack) options="--lines --index" ;;
-    play) options="--view --widgets" ;;
+    play) options="--view --line-numbers --widgets" ;;
     try) options="--index --download" ;;
     *) options="" ;;
   esac
@@ -32,6 +32,7 @@ _keyscout() {
 
   compopt -o filenames 2>/dev/null
   case ${COMP_WORDS[1]} in
+    help) COMPREPLY=($(compgen -W "check lookup pack play try" -- "$current")) ;;
     pack | play) COMPREPLY=($(compgen -f -- "$current")) ;;
     *) COMPREPLY=($(compgen -d -- "$current")) ;;
   esac

@@ -18,7 +18,7 @@ run() {
 says() { grep -qF -e "$2" "$work/$1" || fail "not in $1: $2"; }
 
 commands=$("$keyscout" --help | sed -n '/^Subcommands:/,$s/^  \([a-z]*\) .*/\1/p')
-[ "$(echo "$commands" | wc -l)" -ge 4 ] || fail "the commands are not listed: $commands"
+[ "$(echo "$commands" | wc -l)" -ge 5 ] || fail "the commands are not listed: $commands"
 for command in $commands; do
   run "$command" --help
   [ "$status" -eq 0 ] || fail "$command --help exits with $status"
@@ -32,18 +32,68 @@ for command in $commands; do
   [ ! -s "$work/out" ] || fail "$command complains on the standard output"
   says err "keyscout $command --help"
 
-  # The man page and the completion know every command and every option.
+  # The man page and the completions know every command and every option.
   options=$("$keyscout" "$command" --help | grep -o -e '--[a-z-]*' | sort -u)
   grep -q "^.SS keyscout $command" "$source/man/keyscout.1" || fail "no man page for $command"
   for option in $options; do
     sed 's/\\-/-/g' "$source/man/keyscout.1" | grep -q -e "$option" || fail "man page: $option"
-    grep -q -e "$option" "$source/completions/keyscout.bash" || fail "completion: $option"
+    for shell in bash zsh; do
+      grep -q -e "$option" "$source/completions/keyscout.$shell" || fail "$shell: $option"
+    done
+    grep -q -e "-l ${option#--}" "$source/completions/keyscout.fish" || fail "fish: $option"
   done
 done
 
+# Help is what a person gets who does not know what to say.
+run --help
+cp "$work/out" "$work/help"
+run
+[ "$status" -eq 0 ] || fail "the program alone exits with $status"
+cmp -s "$work/out" "$work/help" || fail "the program alone shows: $(cat "$work/out")"
+run help
+[ "$status" -eq 0 ] || fail "help exits with $status"
+for command in $commands; do says out "  $command "; done
+run help lookup
+says out "keyscout lookup [OPTIONS] DIR TEXT"
+says out "--count"
+
+# Slips are told with what was likely meant.
 run nosuch
 [ "$status" -eq 2 ] || fail "an unknown command exits with $status"
 says err "there is no command nosuch"
+run lokup
+says err "there is no command lokup; did you mean lookup?"
+run help chekc
+[ "$status" -eq 2 ] || fail "help for an unknown command exits with $status"
+says err "did you mean check?"
+run lookup --jsno
+says err "keyscout lookup: there is no option --jsno; did you mean --json?"
+
+# Numbers out of range are refused, however large.
+for arguments in "pack --lines 99999999999999999999 a b" "pack --lines 0 a b" \
+  "lookup --count 99999999999999999999 a b" "lookup --count 1000 a b" "lookup --count 010 a b"; do
+  run $arguments
+  [ "$status" -eq 2 ] || fail "$arguments exits with $status"
+  says err "is no whole number from 1 to"
+done
+
+# What could not be understood is told with its line; every answer where that is asked for.
+printf '# first\n\n{"op":"shared"}\nnonsense\n' >"$work/script"
+run play "$work/script"
+[ "$status" -eq 1 ] || fail "a malformed command ends play with $status"
+says out '"malformed":"line 4: '
+if grep -q '"line":' "$work/out"; then fail "answers have a key that nobody asked for"; fi
+run play --line-numbers "$work/script"
+says out ',"line":3}'
+says out ',"line":4}'
+
+# The man page knows every command of play.
+operations=$(grep -o '{"[a-z.]*", &ScriptedHost' "$source/src/apps/cli/play/scripted_host.cpp" |
+  cut -d '"' -f 2)
+[ "$(echo "$operations" | wc -l)" -ge 20 ] || fail "the commands of play were not found"
+for operation in $operations; do
+  grep -q "^\.B $operation\b" "$source/man/keyscout.1" || fail "man page: play: $operation"
+done
 
 # This program is none of Windows.
 run play --widgets win32

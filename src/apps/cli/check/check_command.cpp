@@ -37,7 +37,8 @@ int check(const DataDirectory& directory, bool asJson) try {
       if (asJson)
         output = std::make_unique<CheckJson>(std::cout);
       else
-        output = std::make_unique<CheckText>(std::cout);
+        output =
+            std::make_unique<CheckText>(std::cout, TextStyle{usesColor(StandardStream::output)});
     }
     return *output;
   };

@@ -26,12 +26,16 @@ void CheckOutput::add(const Finding& finding) {
 }
 
 void CheckText::write(const Finding& finding) {
-  out() << finding.file << ':' << finding.line << ": " << nameOf(finding.severity) << ": "
-        << finding.sentence << '\n';
+  const std::string severity = std::string{nameOf(finding.severity)} + ':';
+  out() << style_.strong(finding.file + ':' + std::to_string(finding.line) + ':') << ' '
+        << (finding.severity == Severity::error ? style_.bad(severity) : style_.doubtful(severity))
+        << ' ' << finding.sentence << '\n';
 }
 
 void CheckText::finish(const CheckSummary& summary) {
-  out() << counted(errors(), "error") << ", " << counted(warnings(), "warning") << " in "
+  const std::string found = counted(errors(), "error") + ", " + counted(warnings(), "warning");
+  const bool isClean = errors() + warnings() == 0;
+  out() << (isClean ? style_.good(found) : style_.strong(found)) << " in "
         << counted(summary.lines, "line") << " of " << counted(summary.tables, "table") << '\n';
 }
 

@@ -4,6 +4,7 @@
 #include <ostream>
 
 #include "apps/cli/check/check_catalog.h"
+#include "apps/cli/terminal/text_style.h"
 
 namespace keyscout {
 
@@ -31,11 +32,14 @@ class CheckOutput {
 /// Lines as compilers print them, which editors know how to follow.
 class CheckText final : public CheckOutput {
  public:
-  using CheckOutput::CheckOutput;
+  explicit CheckText(std::ostream& out, const TextStyle& style = TextStyle{false})
+      : CheckOutput(out), style_(style) {}
   void finish(const CheckSummary& summary) override;
 
  private:
   void write(const Finding& finding) override;
+
+  TextStyle style_;
 };
 
 /// One JSON object: the findings, then the counts.

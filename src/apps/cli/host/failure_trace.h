@@ -14,8 +14,8 @@ class FailureTrace final : public TraceService {
  public:
   void enterProcedure(StringView, StringView, std::int32_t) override {}
   void exitProcedure(StringView, StringView, std::int32_t) override {}
-  void reportError(StringView, StringView procName, const Error& error, std::int32_t) override {
-    failure_ = toUtf8(procName) + ": " + error.what();
+  void reportError(StringView, StringView, const Error& error, std::int32_t) override {
+    failure_ = error.what();
   }
   void traceMessage(StringView, StringView, StringView, std::int32_t) override {}
   void logMessage(StringView, StringView, StringView text, std::int32_t) override {

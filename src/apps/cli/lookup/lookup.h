@@ -30,8 +30,10 @@ struct LookupEntry {
 
 struct LookupAnswer {
   std::vector<LookupEntry> entries;
-  /// The catalog has no further entries.
+  /// Nothing that may be listed follows the last entry in the catalog.
   bool endsCatalog = false;
+  /// What keeps entries from being listed, as sentences: nothing follows, or the request itself.
+  std::vector<std::string> notes;
 };
 
 /// Asks a control for the list that it shows for a text put into its text box. An answer without

@@ -4,10 +4,13 @@
 #include <iostream>
 #include <memory>
 
+#include "apps/cli/arguments/whole_number.h"
 #include "apps/cli/exit_status.h"
+#include "apps/cli/files/failure_sentence.h"
 #include "apps/cli/files/path_text.h"
 #include "apps/cli/lookup/lookup.h"
 #include "apps/cli/lookup/lookup_output.h"
+#include "apps/cli/terminal/standard_stream.h"
 #include "lookup/list_limits.h"
 #include "platform/local/native_files.h"
 
@@ -21,18 +24,16 @@ int run(LookupRequest request, bool asJson) {
     request.directory = withDownloadFound(request.directory);
     answer = lookUp(files, request);
   } catch (const std::exception& failure) {
-    std::cerr << "keyscout lookup: " << failure.what() << '\n';
+    std::cerr << "keyscout lookup: " << sentenceOf(failure) << '\n';
     return ExitStatus::unusable;
   }
   if (asJson) {
     writeJson(std::cout, request, answer);
   } else {
-    writeText(std::cout, answer);
+    writeText(std::cout, answer, TextStyle{usesColor(StandardStream::output)});
+    for (const std::string& note : answer.notes) std::cerr << "keyscout lookup: " << note << '\n';
   }
-  if (!answer.entries.empty()) return ExitStatus::success;
-  if (!asJson)
-    std::cerr << "keyscout lookup: nothing in the catalog follows " << request.text << '\n';
-  return ExitStatus::negative;
+  return answer.entries.empty() ? ExitStatus::negative : ExitStatus::success;
 }
 
 }  // namespace
@@ -50,7 +51,7 @@ void addLookupCommand(CLI::App& app, int& status) {
   command->add_option("--authorized", request->authorized, "A brand that may be listed; repeatable")
       ->allow_extra_args(false);
   command->add_option("--count", request->count, "Walk down the list until it has so many entries")
-      ->check(CLI::Range(1, int{ListLimits::maxEntries}));
+      ->check(wholeNumber(1, ListLimits::maxEntries));
   command->add_flag("--json", *asJson, "Print one JSON object");
   command->add_option("--index", request->directory.indexFile, "The index file's name")
       ->capture_default_str();

@@ -13,13 +13,13 @@ std::size_t widthOf(const std::string& text) { return fromUtf8(text).size(); }
 
 }  // namespace
 
-void writeText(std::ostream& out, const LookupAnswer& answer) {
+void writeText(std::ostream& out, const LookupAnswer& answer, const TextStyle& style) {
   std::size_t width = 0;
   for (const LookupEntry& entry : answer.entries) width = std::max(width, widthOf(entry.number));
   for (const LookupEntry& entry : answer.entries) {
-    out << entry.number;
+    out << style.strong(entry.number);
     if (!entry.brand.empty())
-      out << std::string(width - widthOf(entry.number) + 2, ' ') << entry.brand;
+      out << std::string(width - widthOf(entry.number) + 2, ' ') << style.faint(entry.brand);
     out << '\n';
   }
 }
@@ -31,7 +31,8 @@ void writeJson(std::ostream& out, const LookupRequest& request, const LookupAnsw
     entries.push_back({{"number", entry.number}, {"brand", entry.brand}, {"index", entry.index}});
   const Json object{{"text", request.text},
                     {"entries", std::move(entries)},
-                    {"endOfCatalog", answer.endsCatalog}};
+                    {"endOfCatalog", answer.endsCatalog},
+                    {"notes", answer.notes}};
   out << object.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
 }
 

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "apps/cli/arguments/whole_number.h"
 #include "apps/cli/files/path_text.h"
 #include "apps/cli/packing/pack_catalog.h"
 #include "apps/cli/terminal/interruption.h"
@@ -25,11 +26,8 @@ void print(const PackSummary& summary, const std::filesystem::path& directory) {
             << "  CatalogNumbersDownloadFile  " << pathText(summary.downloadName) << '\n';
 }
 
-/// A number read as unsigned would take a minus sign and become huge.
-std::string noSign(const std::string& text) {
-  return text.find_first_not_of("0123456789") == text.npos ? ""
-                                                           : '"' + text + "\" is no whole number";
-}
+// More lines than any download has; a larger number is a slip.
+constexpr std::uint64_t mostLines = 1'000'000'000;
 
 int pack(const PackOptions& options) try {
   // Stopped half-way, a pack still takes its staging folder away and says so in the control file.
@@ -64,7 +62,7 @@ void addPackCommand(CLI::App& app, int& status) {
   command
       ->add_option("--lines", options->linesPerTable,
                    "Lines of a table; otherwise 200, or more where 1001 tables would not do")
-      ->check(noSign);
+      ->check(wholeNumber(1, mostLines));
   command->add_option("--index", *indexName, "The name of the index file")->capture_default_str();
   command->footer("Example:\n  keyscout pack parts.txt /var/lib/catalog");
   command->callback([=, &status] {

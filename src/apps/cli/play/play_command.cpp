@@ -3,6 +3,8 @@
 #include <CLI/CLI.hpp>
 #include <fstream>
 #include <iostream>
+#include <memory>
+#include <string>
 
 #include "apps/cli/exit_status.h"
 #include "apps/cli/files/path_text.h"
@@ -14,7 +16,12 @@
 namespace keyscout {
 namespace {
 
-enum class Show { answers, session };
+struct PlayOptions {
+  std::string script;  // a path; empty for the standard input
+  bool showsSession = false;
+  bool numbersLines = false;
+  std::string widgets = "memory";
+};
 
 /// The first character of a line that says anything, NUL where none does.
 char firstCharacter(const std::string& line) {
@@ -22,38 +29,53 @@ char firstCharacter(const std::string& line) {
   return first == line.npos ? '\0' : line[first];
 }
 
-Json answer(ScriptedHost& host, const std::string& line) {
-  Json result = host.run(line);
-  // Flushed at once, since whoever plays interactively waits for it.
-  std::cout << result.dump(-1, ' ', false, Json::error_handler_t::replace) << std::endl;
-  return result;
+/// Whoever wrote a long script looks for the line that was not understood.
+void nameLine(Json& answer, std::size_t number) {
+  if (const auto malformed = answer.find("malformed"); malformed != answer.end())
+    *malformed = "line " + std::to_string(number) + ": " + malformed->get<std::string>();
 }
 
-int play(std::istream& script, Show show, Widgets widgets) {
+int play(std::istream& script, const PlayOptions& options, Widgets widgets) {
   NativeFiles files;
   ScriptedHost host{files, widgets};
-  SessionView view{host, std::cout, isTerminal(StandardStream::output)};
+  SessionView view{host, std::cout, TextStyle{usesColor(StandardStream::output)}};
   int status = ExitStatus::success;
   std::string line;
-  while (std::getline(script, line)) {
+  for (std::size_t number = 1; std::getline(script, line); ++number) {
     const char first = firstCharacter(line);
-    if (first == '#' && show == Show::session) view.heading(line);
+    if (first == '#' && options.showsSession) view.heading(line);
     if (first == '#' || first == '\0') continue;
-    const Json result = show == Show::session ? view.run(line) : answer(host, line);
-    if (result.contains("malformed")) status = ExitStatus::negative;
+    Json answer = host.run(line);
+    nameLine(answer, number);
+    if (options.numbersLines) answer["line"] = number;
+    if (answer.contains("malformed")) status = ExitStatus::negative;
+    if (options.showsSession) {
+      view.show(line, answer);
+    } else {
+      // Flushed at once, since whoever plays interactively waits for it.
+      std::cout << answer.dump(-1, ' ', false, Json::error_handler_t::replace) << std::endl;
+    }
   }
   return status;
 }
 
-int playFile(const std::string& path, Show show, Widgets widgets) {
-  std::ifstream script{pathNamed(path), std::ios::binary};
-  const bool isReadable = script.is_open() && (script.peek(), !script.bad());
-  if (isReadable) {
-    script.clear();
-    return play(script, show, widgets);
-  }
-  std::cerr << "keyscout play: cannot read " << path << "; name a script of JSON Lines\n";
+int refuse(const std::string& sentence) {
+  std::cerr << "keyscout play: " << sentence << '\n';
   return ExitStatus::unusable;
+}
+
+int run(const PlayOptions& options) {
+  const Widgets widgets = options.widgets == "win32" ? Widgets::win32 : Widgets::memory;
+  if (!hasWidgets(widgets))
+    return refuse(
+        "this program was not built for Windows, so it has no widgets win32; play on --widgets "
+        "memory");
+  if (options.script.empty()) return play(std::cin, options, widgets);
+  std::ifstream script{pathNamed(options.script), std::ios::binary};
+  const bool isReadable = script.is_open() && (script.peek(), !script.bad());
+  if (!isReadable) return refuse("cannot read " + options.script + "; name a script of JSON Lines");
+  script.clear();
+  return play(script, options, widgets);
 }
 
 }  // namespace
@@ -61,28 +83,19 @@ int playFile(const std::string& path, Show show, Widgets widgets) {
 void addPlayCommand(CLI::App& app, int& status) {
   CLI::App* const command =
       app.add_subcommand("play", "Replay a scripted session: JSON Lines in, one answer a line out");
-  const auto script = std::make_shared<std::string>();
-  command->add_option("SCRIPT", *script, "The script to play; standard input where none is named");
-  const auto showsSession = std::make_shared<bool>(false);
-  command->add_flag("--view", *showsSession, "Show the session as a person would see it");
-  const auto kind = std::make_shared<std::string>("memory");
+  const auto options = std::make_shared<PlayOptions>();
+  command->add_option("SCRIPT", options->script,
+                      "The script to play; standard input where none is named");
+  command->add_flag("--view", options->showsSession, "Show the session as a person would see it");
+  command->add_flag("--line-numbers", options->numbersLines,
+                    "Tell in each answer which line of the script it answers");
   command
-      ->add_option("--widgets", *kind,
+      ->add_option("--widgets", options->widgets,
                    "The widgets to play on: in memory, or the real ones of Windows, win32")
       ->check(CLI::IsMember({"memory", "win32"}))
       ->capture_default_str();
   command->footer("Example:\n  echo '{\"op\":\"shared\"}' | keyscout play");
-  command->callback([script, showsSession, kind, &status] {
-    const Widgets widgets = *kind == "win32" ? Widgets::win32 : Widgets::memory;
-    if (!hasWidgets(widgets)) {
-      std::cerr << "keyscout play: this program was not built for Windows, so it has no widgets "
-                   "win32; play on --widgets memory\n";
-      status = ExitStatus::unusable;
-      return;
-    }
-    const Show show = *showsSession ? Show::session : Show::answers;
-    status = script->empty() ? play(std::cin, show, widgets) : playFile(*script, show, widgets);
-  });
+  command->callback([=, &status] { status = run(*options); });
 }
 
 }  // namespace keyscout

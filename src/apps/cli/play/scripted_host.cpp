@@ -51,6 +51,17 @@ std::int16_t keyCodeOf(const Json& key) {
   return choose(keys, toUtf8(toText(key)));
 }
 
+/// The command on a line, where it is JSON.
+Json parsed(const std::string& line) {
+  try {
+    return Json::parse(line);
+  } catch (const Json::parse_error& failure) {
+    throw Malformed("this is no JSON; it goes wrong at byte " + std::to_string(failure.byte));
+  } catch (const Json::exception&) {
+    throw Malformed("a number is beyond all bounds");
+  }
+}
+
 Json asJson(const std::optional<KeyedCollection<String>>& collection) {
   if (!collection) return nullptr;
   Json keys = Json::array();
@@ -97,13 +108,13 @@ Json ScriptedHost::run(const std::string& line) {
   trace_->take();
   Json answer{{"ok", true}, {"result", nullptr}};
   try {
-    answer["result"] = dispatch(Json::parse(line));
+    answer["result"] = dispatch(parsed(line));
   } catch (const Malformed& malformed) {
     answer["ok"] = false;
     answer["malformed"] = malformed.what();
-  } catch (const Json::exception& malformed) {
+  } catch (const Json::exception&) {
     answer["ok"] = false;
-    answer["malformed"] = malformed.what();
+    answer["malformed"] = "a value is of another kind than the command takes";
   } catch (...) {
     answer["ok"] = false;
     answer["error"] = toJson(currentError());
@@ -220,13 +231,15 @@ Json ScriptedHost::pressKey(const Json& command) {
 }
 
 Json ScriptedHost::click(const Json& command) {
-  const std::int16_t entry = toInt16(require(command, "entry"));
+  const Json& entry = require(command, "entry");
+  if (!entry.is_number_integer())
+    throw Malformed("a whole number is expected, not " + entry.dump());
   PlayableSurface* const surface = focused();
   const auto list = surface ? surface->listView() : std::nullopt;
   if (!list || !list->isDropped) throw Malformed("no drop-down list is shown");
-  if (entry < 0 || static_cast<std::size_t>(entry) >= list->entries.size())
-    throw Malformed("the drop-down list has no entry " + std::to_string(entry));
-  surface->click(entry);
+  if (entry < 0 || entry >= list->entries.size())
+    throw Malformed("the drop-down list has no entry " + entry.dump());
+  surface->click(entry.get<std::int16_t>());
   return nullptr;
 }
 

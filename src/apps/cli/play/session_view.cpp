@@ -63,17 +63,15 @@ void SessionView::heading(const std::string& comment) {
   if (text == comment.npos) return;
   if (!afterHeading_) out_ << '\n';
   afterHeading_ = true;
-  out_ << styled("\033[1m", comment.substr(text)) << '\n';
+  out_ << style_.strong(comment.substr(text)) << '\n';
 }
 
-Json SessionView::run(const std::string& commandLine) {
+void SessionView::show(const std::string& commandLine, const Json& answer) {
   afterHeading_ = false;
-  const Json answer = host_.run(commandLine);
   const Json command = Json::parse(commandLine, nullptr, false);
   out_ << "  > " << (command.is_object() ? wordsFor(command) : commandLine) << '\n';
   showAnswer(answer);
   showFocusedControl();
-  return answer;
 }
 
 void SessionView::showAnswer(const Json& answer) {
@@ -136,12 +134,8 @@ void SessionView::showList(const Json& state) {
     const bool isSelected = i == selected;
     const std::string row =
         padded((isSelected ? "▸ " : "  ") + padded(number, 26) + brands[number], boxWidth);
-    out_ << "    │" << (isSelected ? styled("\033[7m", row) : row) << "│\n";
+    out_ << "    │" << (isSelected ? style_.inverse(row) : row) << "│\n";
   }
-}
-
-std::string SessionView::styled(const std::string& style, const std::string& text) const {
-  return styled_ ? style + text + "\033[0m" : text;
 }
 
 void SessionView::line(const std::string& text, std::size_t width) {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "apps/cli/play/scripted_host.h"
+#include "apps/cli/terminal/text_style.h"
 
 namespace keyscout {
 
@@ -11,14 +12,13 @@ namespace keyscout {
 /// what is done in a few words, the text box with its list, events, messages and errors.
 class SessionView {
  public:
-  /// `styled` where `out` understands terminal escapes.
-  SessionView(ScriptedHost& host, std::ostream& out, bool styled)
-      : host_(host), out_(out), styled_(styled) {}
+  SessionView(const ScriptedHost& host, std::ostream& out, const TextStyle& style)
+      : host_(host), out_(out), style_(style) {}
 
   /// Shows a line of the script that is a comment.
   void heading(const std::string& comment);
-  /// Runs a command, shows it, and returns its answer.
-  Json run(const std::string& line);
+  /// Shows a command that was run, its answer, and what the control with the focus looks like now.
+  void show(const std::string& command, const Json& answer);
 
  private:
   void showAnswer(const Json& answer);
@@ -26,11 +26,9 @@ class SessionView {
   void showList(const Json& state);
   void line(const std::string& text, std::size_t width);
 
-  ScriptedHost& host_;
+  const ScriptedHost& host_;
   std::ostream& out_;
-  std::string styled(const std::string& style, const std::string& text) const;
-
-  bool styled_;
+  TextStyle style_;
   bool afterHeading_ = false;
   Json lastShown_;
 };

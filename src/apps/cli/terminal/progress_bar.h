@@ -2,9 +2,13 @@
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <utility>
+
+#include "apps/cli/terminal/standard_stream.h"
 
 namespace keyscout {
 
@@ -13,8 +17,12 @@ namespace keyscout {
 /// differs, and is blank again when the object is destroyed.
 class ProgressBar {
  public:
-  /// Writes nothing at all unless `shown`. `out` must outlive the bar.
-  ProgressBar(std::ostream& out, bool shown) : out_(out), shown_(shown) {}
+  /// Writes nothing at all unless `shown`. `out` must outlive the bar. `columns`, asked at every
+  /// drawing, tells how many the terminal has.
+  ProgressBar(
+      std::ostream& out, bool shown,
+      std::function<int()> columns = [] { return terminalColumns(StandardStream::error); })
+      : out_(out), shown_(shown), columns_(std::move(columns)) {}
   ~ProgressBar();
   ProgressBar(const ProgressBar&) = delete;
   ProgressBar& operator=(const ProgressBar&) = delete;
@@ -27,6 +35,7 @@ class ProgressBar {
 
   std::ostream& out_;
   bool shown_;
+  std::function<int()> columns_;
   std::string line_;
   std::chrono::steady_clock::time_point nextDraw_{};
 };

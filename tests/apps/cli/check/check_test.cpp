@@ -291,6 +291,11 @@ TEST(CheckOutput, IsTextForPeopleAndJsonForPrograms) {
   EXPECT_EQ(text.str(),
             "1.txt:7: warning: is \"odd\"\n0 errors, 1 warning in 20 lines of 1 table\n");
 
+  std::ostringstream styled;
+  CheckText asStyledText{styled, TextStyle{true}};
+  asStyledText.add(finding);
+  EXPECT_EQ(styled.str(), "\x1B[1m1.txt:7:\x1B[0m \x1B[1;33mwarning:\x1B[0m is \"odd\"\n");
+
   for (int count = 0; count < 3; ++count) {
     std::ostringstream json;
     CheckJson asJson{json};

@@ -29,6 +29,7 @@ struct Question {
   LookupRequest request;
   const char* numbers;
   bool endsCatalog;
+  std::vector<std::string> notes = {};
 };
 
 class LookupAnswers : public testing::TestWithParam<Question> {};
@@ -38,6 +39,7 @@ TEST_P(LookupAnswers, AreWhatTheControlShows) {
   const LookupAnswer answer = ask(catalog, GetParam().request);
   EXPECT_EQ(numbersOf(answer), GetParam().numbers);
   EXPECT_EQ(answer.endsCatalog, GetParam().endsCatalog);
+  EXPECT_EQ(answer.notes, GetParam().notes);
 }
 
 LookupRequest request(const char* text, const char* brand = "",
@@ -49,14 +51,38 @@ LookupRequest request(const char* text, const char* brand = "",
 const Question questions[] = {
     {"FirstPage", request("ab-0"), "AB-00 AB-01 AB-02 AB-03 AB-10 AB-11 AB-12 AB-13 AB-20 ", false},
     {"FromBetweenTwoNumbers", request("AB-11X"), "AB-12 AB-13 AB-20 AB-21 AB-22 AB-23 ", true},
-    {"NothingCoversIt", request("AC"), "", false},
+    {"ExactlyToTheEnd", request("AB-03"), "AB-03 AB-10 AB-11 AB-12 AB-13 AB-20 AB-21 AB-22 AB-23 ",
+     true},
+    {"NothingCoversIt", request("AC"), "", true, {"nothing in the catalog follows AC"}},
+    {"EmptyText", request(""), "", false, {"the text is empty, and then no list is shown"}},
     {"OneBrand", request("A", "BOLT"), "AB-01 AB-03 AB-11 AB-13 AB-21 AB-23 ", true},
-    {"UnknownBrand", request("A", "NONE"), "", false},
+    {"NothingOfTheBrand",
+     request("AB-23X", "BOLT", {"BOLT"}),
+     "",
+     true,
+     {"nothing in the catalog follows AB-23X of brand BOLT that is authorized"}},
+    {"UnknownBrand",
+     request("A", "NONE"),
+     "",
+     true,
+     {"brand NONE is not in brandinfo.txt, and then no list is shown"}},
+    {"BrandInOtherCase",
+     request("A", "Bolt"),
+     "",
+     true,
+     {"brand Bolt is spelled BOLT in brandinfo.txt, and letter case counts"}},
+    {"AuthorizedUnknown",
+     request("AB-1", "", {"acme", "NONE"}),
+     "AB-10 AB-12 AB-20 AB-22 ",
+     true,
+     {"authorized brand NONE is not in brandinfo.txt"}},
     {"AuthorizedInAnyCase", request("AB-1", "", {"acme", "ACME"}), "AB-10 AB-12 AB-20 AB-22 ",
      true},
     {"FewerThanAPage", request("A", "", {}, 2), "AB-00 AB-01 ", false},
     {"WalkedDown", request("A", "", {}, 11),
      "AB-00 AB-01 AB-02 AB-03 AB-10 AB-11 AB-12 AB-13 AB-20 AB-21 AB-22 ", false},
+    {"WalkedExactlyToTheEnd", request("A", "", {}, 12),
+     "AB-00 AB-01 AB-02 AB-03 AB-10 AB-11 AB-12 AB-13 AB-20 AB-21 AB-22 AB-23 ", true},
     {"WalkedToTheEnd", request("A", "", {}, 99),
      "AB-00 AB-01 AB-02 AB-03 AB-10 AB-11 AB-12 AB-13 AB-20 AB-21 AB-22 AB-23 ", true},
 };
@@ -101,10 +127,16 @@ INSTANTIATE_TEST_SUITE_P(All, LookupRefusals, testing::ValuesIn(refusals),
                          [](const auto& test) { return test.param.name; });
 
 TEST(LookupOutput, IsTextForPeopleAndJsonForPrograms) {
-  const LookupAnswer answer{{{"A-1", "ACME", 1}, {"\xC3\x84-100", "BOLT", 2}, {"B", "", 3}}, true};
+  const LookupAnswer answer{{{"A-1", "ACME", 1}, {"\xC3\x84-100", "BOLT", 2}, {"B", "", 3}},
+                            true,
+                            {"authorized brand X is not in brandinfo.txt"}};
   std::ostringstream text;
-  writeText(text, answer);
+  writeText(text, answer, TextStyle{false});
   EXPECT_EQ(text.str(), "A-1    ACME\n\xC3\x84-100  BOLT\nB\n");
+
+  std::ostringstream styled;
+  writeText(styled, {{{"A", "ACME", 1}}, false, {}}, TextStyle{true});
+  EXPECT_EQ(styled.str(), "\x1B[1mA\x1B[0m  \x1B[2mACME\x1B[0m\n");
 
   std::ostringstream json;
   writeJson(json, request("a"), answer);
@@ -113,6 +145,7 @@ TEST(LookupOutput, IsTextForPeopleAndJsonForPrograms) {
   EXPECT_EQ(parsed["entries"][1]["number"], "\xC3\x84-100");
   EXPECT_EQ(parsed["entries"][2]["index"], 3);
   EXPECT_EQ(parsed["endOfCatalog"], true);
+  EXPECT_EQ(parsed["notes"][0], "authorized brand X is not in brandinfo.txt");
 }
 
 }  // namespace

@@ -65,6 +65,25 @@ TEST_F(Play, AnswersWhatItCannotUnderstand) {
   }
 }
 
+TEST_F(Play, AClickOnNoEntryIsMalformed) {
+  start();
+  run(R"({"op":"type","text":"a"})");
+  for (const char* const entry :
+       {"-1", "9", "99999", "-99999", "18446744073709551615", "0.5", "true"})
+    EXPECT_TRUE(run(R"({"op":"click","entry":)" + std::string{entry} + '}').contains("malformed"))
+        << entry;
+  EXPECT_TRUE(run(R"({"op":"click","entry":8})")["ok"]);
+}
+
+TEST_F(Play, SaysWhatIsMalformedInWordsOfItsOwn) {
+  for (const char* const command : {"{", "not json", R"({"op":"paste","text":1e999})",
+                                    R"({"op":"on","event":"Change","set":1})"}) {
+    const std::string sentence = run(command)["malformed"];
+    EXPECT_EQ(sentence.find("exception"), std::string::npos) << sentence;
+    EXPECT_GT(sentence.size(), 15U);
+  }
+}
+
 TEST_F(Play, TellsErrorsEventsMessagesAndTrace) {
   start();
   const Json failed = run(R"({"op":"control.set","control":"a","name":"selStart","value":-1})");

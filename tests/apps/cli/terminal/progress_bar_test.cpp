@@ -13,7 +13,7 @@ namespace {
 TEST(ProgressBar, WritesOverItsLineAndTakesItAway) {
   std::ostringstream out;
   {
-    ProgressBar bar{out, true};
+    ProgressBar bar{out, true, [] { return 80; }};
     bar.show("Reading", 1, 2);
     bar.show("Reading", 2, 2);  // too soon after the first
     EXPECT_EQ(out.str(), "\rReading [###############...............]  50%");
@@ -28,6 +28,24 @@ TEST(ProgressBar, WritesOverItsLineAndTakesItAway) {
   std::ostringstream silent;
   { ProgressBar{silent, false}.show("Reading", 1, 2); }
   EXPECT_EQ(silent.str(), "");
+}
+
+TEST(ProgressBar, StaysWithinTheTerminal) {
+  const struct {
+    int columns;
+    const char* line;
+  } cases[] = {{80, "\rSorting [###############...............]  50%"},
+               {30, "\rSorting [#######.......]  50%"},
+               {17, "\rSorting [.]  50%"},
+               {16, "\r 50% Sorting"},
+               {9, "\r 50% Sor"},
+               {0, "\r "}};
+  for (const auto& c : cases) {
+    std::ostringstream out;
+    ProgressBar bar{out, true, [&] { return c.columns; }};
+    bar.show("Sorting", 1, 2);
+    EXPECT_EQ(out.str(), c.line) << c.columns;
+  }
 }
 
 }  // namespace
