@@ -77,7 +77,8 @@ std::size_t Dialog::choose(const std::vector<std::wstring>& buttons) {
     if (input.kind == Input::Kind::press)
       for (std::size_t i = 0; i < buttons.size(); ++i)
         if (buttonPlaces_[i].contains(input.row, input.column)) return i;
-    if (input.kind == Input::Kind::host) return buttons.size() - 1;
+    // A question is answered by its buttons alone; what has been read is put away by any key.
+    if (input.kind == Input::Kind::host && buttons.size() == 1) return 0;
     if (input.kind != Input::Kind::key) continue;
     switch (input.keyCode) {
       case KeyCodes::enter:

@@ -19,7 +19,7 @@ class Dialog {
         lines_(std::move(lines)) {}
 
   /// Waits until a button is chosen: with Enter, a click or the letter that it begins with. Escape
-  /// and the host's keys choose the last one. Returns its number.
+  /// chooses the last one; so do the host's keys where there is but one. Returns its number.
   std::size_t choose(const std::vector<std::wstring>& buttons);
 
   /// Draws the box with a bar below its lines and does not wait.

@@ -46,13 +46,20 @@ void FormView::drawTextBox(const Rectangle& place, const TextBox& textBox, bool 
   const StringView beforeCaret =
       StringView{text}.substr(0, static_cast<std::size_t>(textBox.selStart()));
   // A text that is longer than the box is shown from where its caret still is in it.
-  std::size_t first = 0;
-  while (columnsOf(toCodePoints(beforeCaret.substr(first))) >= place.columns) ++first;
-  screen_.text(place.row, place.column, place.columns, toCodePoints(StringView{text}.substr(first)),
+  std::size_t first = beforeCaret.size();
+  int caretColumn = 0;
+  while (first > 0) {
+    const std::size_t before = characterBefore(beforeCaret, first);
+    const int columns = columnsOf(toCodePoints(beforeCaret.substr(before, first - before)));
+    if (caretColumn + columns >= place.columns) break;
+    caretColumn += columns;
+    first = before;
+  }
+  // Most of a very long text is not in sight; a character with its marks may be several units.
+  const auto inSight = StringView{text}.substr(first, static_cast<std::size_t>(place.columns) * 8);
+  screen_.text(place.row, place.column, place.columns, toCodePoints(inSight),
                hasFocus ? Style::focusedField : Style::field);
-  if (hasFocus)
-    screen_.placeCaret(place.row,
-                       place.column + columnsOf(toCodePoints(beforeCaret.substr(first))));
+  if (hasFocus) screen_.placeCaret(place.row, place.column + caretColumn);
 }
 
 std::size_t FormView::firstShownChoice(int width) const {
@@ -102,6 +109,14 @@ Rectangle FormView::fieldOf(const Layout& layout, const LookupField& field) cons
   return &field == &form_.part() ? layout.part : layout.replaces;
 }
 
+Rectangle FormView::dropDownOf(const Layout& layout, const LookupField& field) const {
+  int widest = 0;
+  const auto list = field.surface().listView();
+  for (const String& entry : list->entries)
+    widest = std::max(widest, columnsOf(toCodePoints(entry)));
+  return layout.dropDown(fieldOf(layout, field), static_cast<int>(list->entries.size()), widest);
+}
+
 /// The list is scrolled by no more than it takes to keep the selected entry in sight.
 void FormView::scroll(int selected, int shown) {
   top_ = selected < 0 ? 0 : std::clamp(top_, std::max(0, selected - shown + 1), selected);
@@ -112,7 +127,7 @@ void FormView::drawList(const Layout& layout) {
   if (!field) return;
   const auto list = field->surface().listView();
   const int entries = static_cast<int>(list->entries.size());
-  const Rectangle area = layout.dropDown(fieldOf(layout, *field), entries);
+  const Rectangle area = dropDownOf(layout, *field);
   const int shown = area.rows - 2;
   scroll(list->selected, shown);
   const int first = top_;
@@ -121,7 +136,8 @@ void FormView::drawList(const Layout& layout) {
   for (int i = 0; i < shown; ++i) {
     const bool isSelected = first + i == list->selected;
     screen_.text(area.row + 1 + i, area.column + 1, area.columns - 2,
-                 toCodePoints(list->entries[static_cast<std::size_t>(first + i)]),
+                 shortened(toCodePoints(list->entries[static_cast<std::size_t>(first + i)]),
+                           area.columns - 2),
                  isSelected ? Style::chosen : Style::plain);
   }
   if (first > 0)
@@ -138,9 +154,7 @@ void FormView::drawList(const Layout& layout) {
 std::optional<std::int16_t> FormView::entryAt(const Layout& layout, int row, int column) const {
   const LookupField* const field = form_.openField();
   if (!field) return std::nullopt;
-  const auto list = field->surface().listView();
-  const int entries = static_cast<int>(list->entries.size());
-  const Rectangle area = layout.dropDown(fieldOf(layout, *field), entries);
+  const Rectangle area = dropDownOf(layout, *field);
   const Rectangle inside{area.row + 1, area.column + 1, area.rows - 2, area.columns - 2};
   if (!inside.contains(row, column)) return std::nullopt;
   return static_cast<std::int16_t>(top_ + row - inside.row);

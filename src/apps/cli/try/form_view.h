@@ -28,6 +28,7 @@ class FormView {
   void drawChoices(const Layout& layout);
   std::size_t firstShownChoice(int width) const;
   void scroll(int selected, int shown);
+  Rectangle dropDownOf(const Layout& layout, const LookupField& field) const;
   Rectangle fieldOf(const Layout& layout, const LookupField& field) const;
 
   Screen& screen_;

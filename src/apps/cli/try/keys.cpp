@@ -2,6 +2,7 @@
 
 #include <cwchar>
 #include <string_view>
+#include <utility>
 
 #include "apps/cli/try/curses.h"
 #include "base/letter_case.h"
@@ -15,6 +16,8 @@ namespace {
 constexpr int altArrows = KEY_MAX + 1;
 constexpr int altUp = altArrows;
 constexpr int altDown = altArrows + 1;
+constexpr int pasteBegins = altArrows + 2;
+constexpr int pasteEnds = altArrows + 3;
 
 // The code of a key that stands for a character which no key of the keyboard has.
 constexpr std::int16_t packetKey = 231;
@@ -48,6 +51,48 @@ Input mouseInput() {
   return input;
 }
 
+/// Puts characters together to the text that a box of one line takes.
+class PastedLine {
+ public:
+  void add(char32_t character) {
+    if (character == U'\r' || character == U'\n' || character == U'\t') {
+      isBlankDue_ = !text_.empty();
+      return;
+    }
+    if (character < U' ' || character == 127) return;
+    if (std::exchange(isBlankDue_, false)) text_ += u' ';
+    if (character > 0xFFFF) {
+      text_ += highSurrogate(character);
+      text_ += lowSurrogate(character);
+    } else {
+      text_ += static_cast<char16_t>(character);
+    }
+  }
+  String take() { return std::move(text_); }
+
+ private:
+  String text_;
+  bool isBlankDue_ = false;
+};
+
+/// Reads on to the mark that ends a paste, and gives up where none comes for a while.
+Input pastedInput() {
+  constexpr int patience = 500;  // milliseconds
+  PastedLine line;
+  timeout(patience);
+  for (;;) {
+    wint_t character = 0;
+    const int kind = get_wch(&character);
+    // A signal ends the waiting too; the one of a new window size comes as a key as well.
+    if (kind == ERR || (kind == KEY_CODE_YES && character == pasteEnds)) break;
+    if (kind == OK) line.add(static_cast<char32_t>(character));
+  }
+  Input input;
+  input.kind = Input::Kind::paste;
+  input.text = line.take();
+  return input;
+}
+
 Input namedKey(int code) {
   switch (code) {
     case KEY_UP: return keyInput(KeyCodes::up);
@@ -64,6 +109,7 @@ Input namedKey(int code) {
     case KEY_BTAB: return keyInput(KeyCodes::tab, Modifier::shift);
     case altUp: return keyInput(KeyCodes::up, Modifier::alt);
     case altDown: return keyInput(KeyCodes::down, Modifier::alt);
+    case pasteBegins: return pastedInput();
     case KEY_MOUSE: return mouseInput();
     case KEY_RESIZE: {
       Input input;
@@ -146,12 +192,23 @@ void KeyReader::defineSequences() {
     define_key(sequence, altUp);
   for (const char* const sequence : {"\033[1;3B", "\033\033[B", "\033\033OB"})
     define_key(sequence, altDown);
+  define_key("\033[200~", pasteBegins);
+  define_key("\033[201~", pasteEnds);
 }
 
 Input KeyReader::read() {
   constexpr int moment = 100;  // milliseconds
-  wint_t character = 0;
   timeout(moment);
+  return next();
+}
+
+Input KeyReader::readWaiting() {
+  timeout(0);
+  return next();
+}
+
+Input KeyReader::next() {
+  wint_t character = 0;
   const int kind = get_wch(&character);
   if (kind == ERR) return {};
   if (kind == KEY_CODE_YES) return namedKey(static_cast<int>(character));

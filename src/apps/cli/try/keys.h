@@ -2,11 +2,13 @@
 
 #include <cstdint>
 
+#include "base/text.h"
+
 namespace keyscout {
 
 /// What a person did at the terminal.
 struct Input {
-  enum class Kind { nothing, key, host, press, release, wheelUp, wheelDown, resize };
+  enum class Kind { nothing, key, paste, host, press, release, wheelUp, wheelDown, resize };
 
   Kind kind = Kind::nothing;
 
@@ -16,6 +18,9 @@ struct Input {
   /// 0 where the key has none; above the basic plane it is two units, the second one here.
   char16_t character = 0;
   char16_t secondUnit = 0;
+
+  /// What was pasted, on one line: a blank stands for each line end inside.
+  String text;
 
   /// The number of a function key, which belongs to the host.
   int hostKey = 0;
@@ -31,8 +36,13 @@ class KeyReader {
   /// Makes the terminal library known with the sequences that it has no names for.
   static void defineSequences();
 
-  /// Waits a moment for something to come.
+  /// What comes within a moment.
   Input read();
+  /// What has come already.
+  Input readWaiting();
+
+ private:
+  Input next();
 };
 
 /// The key of a keyboard on which `character` is typed, as the code and the mask that it reports.

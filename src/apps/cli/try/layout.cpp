@@ -31,11 +31,12 @@ Layout::Layout(int rows, int columns) : fits(rows >= minRows && columns >= minCo
   authorized = {form.row + 6, fieldColumn, 1, fieldColumns};
 }
 
-Rectangle Layout::dropDown(const Rectangle& field, int entries) const {
+Rectangle Layout::dropDown(const Rectangle& field, int entries, int widestEntry) const {
   constexpr int frame = 2;
   const int room = keys.row - field.row - 1;
   const int rows = std::min({entries, int{ListLimits::page}, room - frame}) + frame;
-  return {field.row + 1, field.column - 1, rows, field.columns + 2};
+  const int columns = std::min(std::max(field.columns, widestEntry) + frame, title.columns);
+  return {field.row + 1, std::min(field.column - 1, title.columns - columns), rows, columns};
 }
 
 }  // namespace keyscout

@@ -27,8 +27,9 @@ struct Layout {
   int labelColumn;
   int labelWidth;
 
-  /// The drop-down list of a field with so many entries, its frame included.
-  Rectangle dropDown(const Rectangle& field, int entries) const;
+  /// The drop-down list of a field with so many entries, its frame included: at least as wide as
+  /// the field, and as its widest entry where the screen is.
+  Rectangle dropDown(const Rectangle& field, int entries, int widestEntry) const;
 };
 
 }  // namespace keyscout

@@ -14,6 +14,14 @@ std::string listed(std::int16_t first, std::int16_t second) {
 void LookupField::brandChanged(String& strBrand) {
   host_.log.add(name_, "brandChanged", toUtf8(strBrand));
   acceptedBrand_ = strBrand;
+  acceptedText_.reset();  // the control is about to write it
+}
+
+void LookupField::Change() {
+  host_.log.add(name_, "Change");
+  const String text = control_.text();
+  if (!acceptedText_) acceptedText_ = text;
+  if (text != *acceptedText_) acceptedBrand_.clear();
 }
 
 void LookupField::needBrand() {

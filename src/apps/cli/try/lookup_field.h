@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "apps/cli/host/catalog_host.h"
@@ -31,11 +32,11 @@ class LookupField final : private keyscoutControlEvents {
   const PlayableSurface& surface() const { return *surface_; }
   keyscoutControl& control() { return control_; }
   const keyscoutControl& control() const { return control_; }
-  /// The brand of the number that was accepted last.
+  /// The brand of the number that was accepted, empty once its text is edited.
   const String& acceptedBrand() const { return acceptedBrand_; }
 
  private:
-  void Change() override { host_.log.add(name_, "Change"); }
+  void Change() override;
   void brandChanged(String& strBrand) override;
   void needBrand() override;
   void KeyDown(std::int16_t& KeyCode, std::int16_t& Shift) override;
@@ -49,6 +50,7 @@ class LookupField final : private keyscoutControlEvents {
   std::string name_;
   Host host_;
   String acceptedBrand_;
+  std::optional<String> acceptedText_;
   std::unique_ptr<PlayableSurface> surface_;
   keyscoutControl control_;
 };

@@ -61,7 +61,8 @@ const HostKey hostKeys[] = {{L"F1", L"Help"},   {L"F2", L"Damage"}, {L"F3", L"Lo
 void drawEvents(Screen& screen, const Rectangle& area, const EventLog& log) {
   screen.frame(area, L"Events", Style::frame);
   constexpr int sourceColumns = 5;
-  constexpr int eventColumns = 15;
+  // The longest name is told whole where its arguments still have room.
+  const int eventColumns = std::clamp(area.columns - 4 - sourceColumns - 20, 15, 21);
   const int rows = area.rows - 2;
   const int count = std::min(rows, static_cast<int>(log.lines().size()));
   for (int i = 0; i < count; ++i) {

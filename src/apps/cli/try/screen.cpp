@@ -59,6 +59,13 @@ void apply(Style style) {
   }
 }
 
+/// Terminals that can then send a mark before and behind what is pasted; the others do not know the
+/// sequence and ignore it.
+void setPasteMarks(bool areSent) {
+  std::fputs(areSent ? "\033[?2004h" : "\033[?2004l", stdout);
+  std::fflush(stdout);
+}
+
 }  // namespace
 
 struct Screen::Terminal {
@@ -68,11 +75,16 @@ struct Screen::Terminal {
 Screen::Screen() {
   std::setlocale(LC_ALL, "");
   SCREEN* const handle = newterm(nullptr, stdout, stdin);
-  if (!handle) {
-    const char* const kind = std::getenv("TERM");
-    throw std::runtime_error(std::string{"The terminal is of an unknown kind ("} +
-                             (kind ? kind : "TERM is not set") +
+  const char* const term = std::getenv("TERM");
+  const std::string kind = term ? term : "TERM is not set";
+  if (!handle)
+    throw std::runtime_error("The terminal is of an unknown kind (" + kind +
                              "). Set TERM to what it is, for example TERM=xterm.");
+  if (!tigetstr("cup")) {  // the sequence that moves the cursor
+    endwin();
+    delscreen(handle);
+    throw std::runtime_error("A terminal of this kind (" + kind +
+                             ") only writes line below line; keyscout lookup DIR TEXT does too.");
   }
   terminal_ = new Terminal{handle};
   set_escdelay(escapeDelay);
@@ -85,9 +97,11 @@ Screen::Screen() {
   mouseinterval(0);
   beginColors();
   KeyReader::defineSequences();
+  setPasteMarks(true);
 }
 
 Screen::~Screen() {
+  setPasteMarks(false);
   endwin();
   delscreen(terminal_->handle);
   delete terminal_;
@@ -141,6 +155,11 @@ Input Screen::read() {
   const Input input = keys_.read();
   Interruption::check();
   return input;
+}
+
+Input Screen::readWaiting() {
+  Interruption::check();
+  return keys_.readWaiting();
 }
 
 }  // namespace keyscout

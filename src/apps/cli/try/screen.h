@@ -38,7 +38,8 @@ struct Rectangle {
 /// what is there.
 class Screen {
  public:
-  /// Fails with `std::runtime_error` where the terminal is of no known kind.
+  /// Fails with `std::runtime_error` where the terminal is of no known kind, or of one that writes
+  /// line below line only.
   Screen();
   ~Screen();
   Screen(const Screen&) = delete;
@@ -59,6 +60,8 @@ class Screen {
   /// What the person at the terminal does next, nothing when a moment passes without. Fails with an
   /// `Interruption` where the program is to end.
   Input read();
+  /// The same of what has been done already, without waiting.
+  Input readWaiting();
 
  private:
   struct Caret {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 #include "base/text.h"
@@ -15,6 +16,14 @@ std::wstring toCodePoints(StringView text);
 
 /// How many columns `text` takes.
 int columnsOf(const std::wstring& text);
+
+/// Where the character begins that ends before `at`, and where the one ends that begins there: what
+/// a person takes for one, with its marks, however many code units it is. `at` itself at the ends.
+std::size_t characterBefore(StringView text, std::size_t at);
+std::size_t characterBehind(StringView text, std::size_t at);
+
+/// `text` in exactly `width` columns, with an ellipsis at its end where it is cut.
+std::wstring shortened(const std::wstring& text, int width);
 
 /// `text` in exactly `width` columns: cut between characters or filled up with blanks.
 std::wstring fitted(const std::wstring& text, int width);

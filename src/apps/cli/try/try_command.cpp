@@ -1,31 +1,20 @@
 #include "apps/cli/try/try_command.h"
 
 #include <CLI/CLI.hpp>
-#include <filesystem>
 #include <iostream>
 #include <memory>
 
 #include "apps/cli/exit_status.h"
+#include "apps/cli/files/failure_sentence.h"
 #include "apps/cli/files/path_text.h"
 #include "apps/cli/terminal/interruption.h"
 #include "apps/cli/terminal/standard_stream.h"
+#include "apps/cli/try/sample_catalog.h"
 #include "apps/cli/try/try_host.h"
 #include "platform/local/native_files.h"
-#include "shared/data_format/directory_files.h"
 
 namespace keyscout {
 namespace {
-
-/// The sample catalog, where it was installed or else where it was built; empty where it is
-/// neither.
-std::filesystem::path sampleCatalog() {
-  for (const std::filesystem::path path :
-       {KEYSCOUT_INSTALLED_SAMPLE_CATALOG, KEYSCOUT_SAMPLE_CATALOG}) {
-    std::error_code missing;
-    if (std::filesystem::exists(path / DirectoryFiles::control, missing)) return path;
-  }
-  return {};
-}
 
 int refuse(const std::string& sentence) {
   std::cerr << "keyscout try: " << sentence << '\n';
@@ -37,15 +26,15 @@ int run(DataDirectory directory) try {
     return refuse("needs a terminal; without one, keyscout lookup DIR TEXT prints a list.");
   if (directory.path.empty()) directory.path = sampleCatalog();
   if (directory.path.empty())
-    return refuse("the sample catalog is missing (" KEYSCOUT_INSTALLED_SAMPLE_CATALOG
-                  "); name a data directory: keyscout try DIR");
+    return refuse(
+        "no sample catalog came with the program; name a data directory: keyscout try DIR");
   NativeFiles files;
   TryHost{files, directory}.run();
   return ExitStatus::success;
 } catch (const Interruption&) {
   throw;
 } catch (const std::exception& failure) {
-  return refuse(failure.what());
+  return refuse(sentenceOf(failure));
 }
 
 }  // namespace

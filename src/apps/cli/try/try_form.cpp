@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "apps/cli/try/text_columns.h"
 #include "platform/local/local_brand_list.h"
 #include "shared/keyscout_module.h"
 
@@ -63,7 +64,40 @@ void TryForm::press(const Input& key) {
   if (!form_.focusedSurface()) moveFocus(focus_);
 }
 
+void TryForm::paste(StringView text) {
+  if (focus_ == Stop::authorized) return;
+  moveFocus(focus_);
+  form_.paste(text);
+}
+
+/// A text box takes code units one by one; a person takes a character with all its marks for one.
+void TryForm::spanCharacter(std::int16_t keyCode) {
+  TextBox& box = surfaceOf(focus_).textBox();
+  if (box.selLength() > 0) return;
+  const String text = box.text();
+  const auto caret = static_cast<std::size_t>(box.selStart());
+  const bool isBackwards = keyCode == KeyCodes::backspace || keyCode == KeyCodes::left;
+  const std::size_t begin = isBackwards ? characterBefore(text, caret) : caret;
+  const std::size_t end = isBackwards ? caret : characterBehind(text, caret);
+  if (end - begin < 2) return;
+  switch (keyCode) {
+    case KeyCodes::backspace:
+    case KeyCodes::deleteKey:
+      box.setSelStart(static_cast<std::int32_t>(begin));
+      box.setSelLength(static_cast<std::int32_t>(end - begin));
+      break;
+    // The key itself goes on by the last unit.
+    case KeyCodes::left: box.setSelStart(static_cast<std::int32_t>(begin + 1)); break;
+    case KeyCodes::right: box.setSelStart(static_cast<std::int32_t>(end - 1)); break;
+    default: break;
+  }
+}
+
 void TryForm::pressWidget(const Input& key) {
+  const bool isInTextBox = surfaceOf(focus_).focusPlace() == FocusPlace::textBox;
+  if (isInTextBox && key.shift == 0) spanCharacter(key.keyCode);
+  // The controls take no line end; a plain text box of one line has no use for it either.
+  if (focus_ == Stop::brand && key.keyCode == KeyCodes::enter) return;
   form_.keyDown(key.keyCode, key.shift, key.character);
   if (key.secondUnit != 0) form_.keyDown(key.keyCode, key.shift, key.secondUnit);
   form_.keyUp(key.keyCode, key.shift);
@@ -115,6 +149,14 @@ void TryForm::authorizeChosen() {
     if (choice.isChosen) list->add(choice.brand);
   // An empty list authorizes every brand.
   catalog_.controller().setAuthorizedBrands(std::move(list));
+}
+
+void TryForm::renew() {
+  readBrands();
+  // A list that is closed when the focus leaves is removed, and its entries with it.
+  for (LookupField* const field : {&part_, &replaces_}) field->control().hideList();
+  form_.leaveFocus();
+  moveFocus(focus_);
 }
 
 void TryForm::readBrands() {

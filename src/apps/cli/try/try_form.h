@@ -45,20 +45,25 @@ class TryForm {
 
   /// Hands a key to what has the focus.
   void press(const Input& key);
+  /// Puts text into the text box that has the focus, also where its list has it at the moment.
+  void paste(StringView text);
   /// What a person does with the mouse in the field that has the focus, and in the open list.
   void mouse(MouseReport report);
   void clickEntry(std::int16_t entry);
   void toggleChoice(std::size_t choice);
 
-  /// Takes in the brands of a catalog that has been loaded anew; choices that it still has stay.
-  void readBrands();
+  /// Takes in a catalog that has been loaded anew: its brands, of which the choices that it still
+  /// has stay, and no list that shows entries of the old one.
+  void renew();
 
  private:
   PlayableSurface& surfaceOf(Stop stop);
   void pressWidget(const Input& key);
+  void spanCharacter(std::int16_t keyCode);
   void pressChoice(std::int16_t keyCode);
   void closeListOnEscape(bool wasOpen);
   void authorizeChosen();
+  void readBrands();
 
   CatalogHost& catalog_;
   MemoryForm& form_;

@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "apps/cli/files/failure_sentence.h"
 #include "apps/cli/files/path_text.h"
 #include "apps/cli/packing/pack_catalog.h"
 #include "apps/cli/terminal/interruption.h"
@@ -50,13 +51,15 @@ struct TryHost::Stage {
 };
 
 TryHost::TryHost(Files& files, DataDirectory directory)
-    : directory_(withDownloadFound(std::move(directory))),
-      givenPath_(pathText(directory_.path)),
+    : given_(std::move(directory)),
+      givenPath_(pathText(given_.path)),
       title_(givenPath_),
+      watch_(given_.path),
       damaged_(files),
       metered_(damaged_),
       catalog_(metered_, *this),
-      form_(started(catalog_, directory_), log_, [this] { updateIsWanted_ = true; }) {}
+      form_(started(catalog_, withDownloadFound(given_)), log_,
+            [this] { updateIsWanted_ = true; }) {}
 
 TryHost::~TryHost() = default;
 
@@ -73,10 +76,23 @@ void TryHost::run() {
     stage_->screen.show();
     Input input;
     do input = stage_->screen.read();
-    while (input.kind == Input::Kind::nothing);
-    if (!answer(input)) return;
-    if (std::exchange(updateIsWanted_, false)) update();
+    while (!followPublishing() && input.kind == Input::Kind::nothing);
+    if (!answerAll(input)) return;
   }
+}
+
+/// Takes in what is waiting before the screen is drawn again, which takes longer than most of it;
+/// false when the person wants to leave.
+bool TryHost::answerAll(Input input) {
+  constexpr std::chrono::milliseconds drawInterval{100};
+  const auto end = std::chrono::steady_clock::now() + drawInterval;
+  while (input.kind != Input::Kind::nothing) {
+    if (!answer(input)) return false;
+    if (std::exchange(updateIsWanted_, false)) update();
+    if (std::chrono::steady_clock::now() > end) break;
+    input = stage_->screen.readWaiting();
+  }
+  return true;
 }
 
 void TryHost::draw() {
@@ -100,6 +116,7 @@ bool TryHost::answer(const Input& input) {
   const Layout layout{stage_->screen.rows(), stage_->screen.columns()};
   switch (input.kind) {
     case Input::Kind::key: feed([&] { form_.press(input); }); break;
+    case Input::Kind::paste: feed([&] { form_.paste(input.text); }); break;
     case Input::Kind::host: return answerHostKey(input.hostKey);
     case Input::Kind::wheelUp:
     case Input::Kind::wheelDown: {
@@ -191,8 +208,10 @@ void TryHost::showHelp() {
        "\n"
        "F2 makes the list's table unreadable, so the next\n"
        "lookup in it fails. F5, or Yes to the question\n"
-       "then, packs the catalog anew and unlocks. The\n"
-       "directory itself is never written to.");
+       "then, packs the catalog anew into a directory of\n"
+       "its own, goes over to that and unlocks. The one\n"
+       "named is never written to; what is published into\n"
+       "it meanwhile is noticed and served.");
 }
 
 void TryHost::damageTable() {
@@ -204,26 +223,43 @@ void TryHost::damageTable() {
   log_.add("host", "damaged", toUtf8(name) + ".txt");
 }
 
+/// After new data is in place: reads it, and forgets the places of the old.
 void TryHost::unlock() {
   try {
     const bool isUnlocked = static_cast<bool>(catalog_.controller().tryToUnlock());
-    catalog_.controller().resetLastTableNumber();
-    if (!isUnlocked) tell(L"Unlock", "The catalog cannot be loaded: " + catalog_.takeFailure());
     log_.add("host", "tryToUnlock", isUnlocked ? "true" : "false");
+    if (!isUnlocked)
+      return tell(L"Unlock", "The catalog cannot be loaded: " + catalog_.takeFailure());
+    catalog_.controller().resetLastTableNumber();
+    log_.add("host", "resetLastTableNumber");
+    form_.renew();
   } catch (const Error& refusal) {
+    log_.add("host", "tryToUnlock", "refused");
     tell(L"Unlock", refusal.what());
   }
 }
 
-/// Packs the download that came with the catalog into a directory of its own and goes on there.
+/// Points the controls to a directory in which everything is in place.
+void TryHost::serve(const DataDirectory& directory) {
+  damaged_.repair();
+  catalog_.configure(directory);
+  log_.add("host", "KeyscoutDirectory", pathText(directory.path));
+  unlock();
+}
+
+/// Packs the catalog's download into a directory of its own and goes over to that. The directory
+/// that is being served is left alone: the index in memory would no longer fit its tables.
 void TryHost::update() {
   try {
     auto folder = std::make_unique<TemporaryFolder>("keyscout-try");
     Dialog dialog{stage_->screen, [this] { draw(); }, L"Update", {L"The catalog is packed anew."}};
+    DataDirectory packed = withDownloadFound(given_);
+    if (packed.downloadFile.empty())
+      throw std::runtime_error("there is no download in " + givenPath_ + '.');
     PackOptions options;
-    options.download = directory_.path / directory_.downloadFile;
+    options.download = packed.path / packed.downloadFile;
     options.directory = folder->path();
-    options.indexName = directory_.indexFile;
+    options.indexName = packed.indexFile;
     auto nextDraw = std::chrono::steady_clock::now();
     packCatalog(options, [&](std::string_view, std::uint64_t done, std::uint64_t total) {
       Interruption::check();
@@ -234,19 +270,40 @@ void TryHost::update() {
       dialog.showProgress(static_cast<double>(done) /
                           static_cast<double>(std::max<std::uint64_t>(total, 1)));
     });
-    directory_.path = folder->path();
+    log_.add("host", "packed", packed.downloadFile);
+    packed.path = folder->path();
+    title_ = "packed anew from " + givenPath_;
+    serve(packed);
     updated_ = std::move(folder);
   } catch (const std::exception& failure) {
     Interruption::check();
-    tell(L"Update", std::string{"The update failed: "} + failure.what());
-    return;
+    tell(L"Update", "The update failed: " + sentenceOf(failure));
   }
-  damaged_.repair();
-  catalog_.configure(directory_);
-  title_ = "packed anew from " + givenPath_;
-  log_.add("host", "updated");
-  unlock();
-  form_.readBrands();
+}
+
+/// True where somebody has published into the directory. While that goes on lookups are locked;
+/// when all is in place the new catalog is served.
+bool TryHost::followPublishing() {
+  if (!watch_.hasChanged()) return false;
+  log_.add("host", "catcontrol.txt", "changed");
+  title_ = givenPath_;
+  try {
+    const DataDirectory directory = withDownloadFound(given_);
+    catalog_.configure(directory);
+    if (catalog_.controller().checkCatalogControlFile()) {
+      serve(directory);
+      updated_.reset();
+      return true;
+    }
+  } catch (const Interruption&) {
+    throw;
+  } catch (const std::exception&) {
+    // Not ready; the control file will change once more.
+  }
+  title_ += " (being published)";
+  form_.part().control().lockKeyscout();
+  log_.add("host", "lockKeyscout");
+  return true;
 }
 
 }  // namespace keyscout

@@ -6,6 +6,7 @@
 
 #include "apps/cli/files/temporary_folder.h"
 #include "apps/cli/host/catalog_host.h"
+#include "apps/cli/try/control_file_watch.h"
 #include "apps/cli/try/damaged_files.h"
 #include "apps/cli/try/form_view.h"
 #include "apps/cli/try/panels.h"
@@ -16,7 +17,8 @@
 namespace keyscout {
 
 /// A host application on a terminal: an order form with two lookup fields and what a developer
-/// wants to see of them. It never writes to the data directory; an update makes a new one.
+/// wants to see of them. It never writes to the data directory: an update makes a new one and goes
+/// over to that. What others publish into the directory it notices and takes up.
 class TryHost final : private MessageBox {
  public:
   /// Brings the catalog into service; fails with `std::runtime_error` where that cannot be done.
@@ -33,6 +35,7 @@ class TryHost final : private MessageBox {
   MessageBoxButton show(StringView text, std::int32_t style, StringView title) override;
 
   void draw();
+  bool answerAll(Input input);
   bool answer(const Input& input);
   void feed(const std::function<void()>& input);
   void press(const Input& input);
@@ -42,10 +45,13 @@ class TryHost final : private MessageBox {
   void damageTable();
   void unlock();
   void update();
+  bool followPublishing();
+  void serve(const DataDirectory& directory);
 
-  DataDirectory directory_;
+  DataDirectory given_;  // as it was named, the download perhaps not
   std::string givenPath_;
   std::string title_;
+  ControlFileWatch watch_;
   DamagedFiles damaged_;
   MeteredFiles metered_;
   CatalogHost catalog_;

@@ -37,13 +37,22 @@ shows_not() {
   fail "the screen still shows: $1"
 }
 # Tells whether the terminal's settings are as they were, and how the program ended.
-start() {
+open_terminal() {
   terminal kill-server 2>/dev/null || true
   starts=$((starts + 1))
   terminal new-session -d -x "$1" -y "$2" -s t "stty -g >$work/before
-    sh -c 'echo \$\$ >$work/pid; exec $keyscout try $work/catalog'; status=\$?; stty -g >$work/after
+    $3
+    sh -c 'echo \$\$ >$work/pid; exec $keyscout try $4'; status=\$?; stty -g >$work/after
     cmp -s $work/before $work/after && echo whole || echo broken; echo \"status \$status\"; sleep 60"
+}
+start() {
+  open_terminal "$1" "$2" "" "${3:-$work/catalog}"
   shows "Order line"
+}
+# Pastes a file as a terminal does that marks what is pasted.
+paste() {
+  terminal load-buffer "$1"
+  terminal paste-buffer -p -t t
 }
 
 {
@@ -70,6 +79,9 @@ shows "│ Part        AB-109 "
 shows "of BOLT"
 shows "brandChanged   BOLT"
 shows_not "│AB-108 "
+keys -l "x"
+shows_not "of BOLT"
+keys BSpace
 
 # The end of the catalog, Alt+Up and Escape.
 keys Home; keys -l "zz"; keys BSpace BSpace
@@ -91,7 +103,12 @@ shows "│ Part        AB-13( "
 # A brand filters; wide and combining characters keep the frames in line.
 keys BSpace Tab Tab; keys -l "日本é"
 shows "│ Brand       日本é             ││"
-keys BSpace BSpace BSpace; keys -l "BOLT"; keys BTab
+keys Left BSpace End BSpace BSpace
+shows "│ Brand                         ││"
+# A character is a character, whatever it is made of, and a line end is none.
+keys -l "ae$(printf '\314\201')"; keys BSpace; keys -l "🔩b"; keys Left Left DC End Left Right Enter
+shows "│ Brand       ab                ││"
+keys BSpace BSpace; keys -l "BOLT"; keys BTab
 keys -l "a"
 shows "│AB-101 "
 shows_not "│AB-102 "
@@ -114,7 +131,7 @@ shows "│AB-102 "
 # A damaged table: the question, No, the lock, Unlock, then Yes.
 keys F2 BSpace; keys -l "a"
 shows "Would you like to update Keyscout now?"
-keys n
+keys F2 F5 F10 n
 shows "KeyscoutLocked      yes"
 keys -l "b"
 shows_not "│AB-1"
@@ -134,6 +151,21 @@ diff -r "$work/catalog" "$work/untouched" || fail "the data directory was writte
 keys -l "$(printf '\033[M 0(')"; keys -l "$(printf '\033[M#0(')"
 shows "│ Replaces    AB-122 "
 
+# A paste is one change without an Enter, and fast.
+head -c 10000 /dev/zero | tr '\0' Q >"$work/long"
+printf 'ab-11\r\n' >"$work/line"
+keys Home
+before=$(date +%s%N)
+paste "$work/long"
+shows "│ Replaces    QQQQQQQQQQQQQQQQ"
+[ $(($(date +%s%N) - before)) -lt 1000000000 ] || fail "a paste takes more than a second"
+keys Tab BTab BTab
+keys End BSpace BSpace BSpace BSpace BSpace
+paste "$work/line"
+shows "│AB-110 "
+shows "│ Part        ab-11 "
+keys Escape
+
 # The terminal is whole again after Quit and after signals.
 keys F10
 shows "status 0"
@@ -145,6 +177,58 @@ for signal in INT TERM HUP QUIT; do
   shows "whole"
 done
 [ -z "$(ls "$TMPDIR")" ] || fail "a folder of an update is left"
+
+# What is published into the directory is served, and no number of the old catalog is listed.
+sed 's/AB-/CD-/' "$work/parts.txt" >"$work/newer.txt"
+start 84 24
+keys -l "ab-10"
+shows "│AB-108 "
+"$keyscout" pack --lines 10 "$work/newer.txt" "$work/catalog" >/dev/null
+shows "resetLastTableNumber"
+shows_not "│AB-108 "
+keys BSpace BSpace BSpace BSpace BSpace; keys -l "cd-12"
+shows "│CD-120 "
+# F5 packs what is served by then.
+keys F5
+shows "packed anew from"
+keys BSpace; keys -l "2"
+shows "│CD-120 "
+keys F10
+shows "status 0"
+
+# A list is as wide as its widest entry where the screen is; what is cut is marked.
+{
+  printf 'FORMAT=[INDEX(10)][CATALOG(60)][BRAND(50)]\r\n'
+  for number in 10 11; do
+    printf '%-10s%-60s%s\r\n' "$number" "AB-1234567890-1234567890-1234567890-1234567890-12345678901$number" "ACME"
+  done
+} >"$work/wide.txt"
+"$keyscout" pack "$work/wide.txt" "$work/wide" >/dev/null
+start 84 24 "$work/wide"
+keys -l "ab"
+shows "│AB-1234567890-1234567890-1234567890-1234567890-1234567890110│"
+terminal resize-window -t t -x 60 -y 20
+shows "│AB-1234567890-1234567890-1234567890-1234567890-1234567890…│"
+keys F10
+
+# An installed program finds the sample that came with it, also through a link.
+mkdir -p "$work/tree/bin" "$work/tree/share/keyscout" "$work/elsewhere"
+cp "$keyscout" "$work/tree/bin/keyscout"
+cp -r "$work/untouched" "$work/tree/share/keyscout/catalog"
+ln -s "$work/tree/bin/keyscout" "$work/elsewhere/keyscout"
+built=$keyscout keyscout=$work/elsewhere/keyscout
+start 84 24 " "
+shows "Keyscout  $work/tree/share/keyscout/catalog"
+keys F10
+keyscout=$built
+
+# Terminals on which nothing can be placed.
+open_terminal 80 24 "export TERM=dumb" "$work/catalog"
+shows "A terminal of this kind (dumb) only writes line below line"
+shows "status 2"
+open_terminal 80 24 "export TERM=nosuch" "$work/catalog"
+shows "of an unknown kind (nosuch)"
+shows "status 2"
 
 # Not on a terminal.
 status=0
