@@ -13,6 +13,7 @@ FLOORS = {
     "lookup": ["base", "platform", "shared"],
     "controller": ["base", "platform", "shared"],
     "control": ["base", "platform", "shared", "lookup"],
+    "keyscout.h": ["base", "platform", "shared", "control", "controller"],
     "server": ["base", "platform", "shared", "control", "controller"],
     "apps": ["base", "platform", "shared", "lookup", "control", "controller", "server"],
 }

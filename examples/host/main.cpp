@@ -1,15 +1,9 @@
 // A host in C++: one control on a form without a screen. Give it a data directory and a text; it
 // prints the catalog numbers that the clerk would see.
 
-#include <iostream>
+#include <keyscout/keyscout.h>
 
-#include "base/utf8.h"
-#include "control/keyscout_control.h"
-#include "controller/keyscout_controller.h"
-#include "platform/local/local_platform.h"
-#include "platform/local/silent_message_box.h"
-#include "platform/memory/memory_form.h"
-#include "platform/posix/posix_files.h"
+#include <iostream>
 
 using namespace keyscout;
 

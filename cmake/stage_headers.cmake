@@ -1,0 +1,20 @@
+# Lays out in TO/keyscout the headers that a host includes: keyscout.h of FROM, and whatever one of
+# them includes. There they find each other as <keyscout/...>, so that no header of a host is taken
+# for one of ours. Run as a script.
+cmake_minimum_required(VERSION 3.25)
+file(REMOVE_RECURSE ${TO}/keyscout)
+set(waiting keyscout.h)
+set(laidOut "")
+while(waiting)
+  list(POP_FRONT waiting header)
+  if(header IN_LIST laidOut)
+    continue()
+  endif()
+  list(APPEND laidOut ${header})
+  file(READ ${FROM}/${header} text)
+  string(REGEX MATCHALL "#include \"[^\"]+" includes "${text}")
+  list(TRANSFORM includes REPLACE "#include \"" "")
+  list(APPEND waiting ${includes})
+  string(REGEX REPLACE "#include \"([^\"]+)\"" "#include <keyscout/\\1>" text "${text}")
+  file(WRITE ${TO}/keyscout/${header} "${text}")
+endwhile()
