@@ -100,6 +100,22 @@ run play --widgets win32
 [ "$status" -eq 2 ] || fail "real widgets that are not there end play with $status"
 says err "was not built for Windows"
 
+# On a terminal findings and numbers have colours, unless somebody does not want them.
+mkdir "$work/empty"
+escape=$(printf '\033')
+colored=$(env -u NO_COLOR TERM=xterm script -qec "$keyscout check $work/empty" /dev/null </dev/null) || true
+case $colored in *"$escape[1;31merror:"*) ;; *) fail "not coloured: $colored" ;; esac
+for setting in "NO_COLOR=1 TERM=xterm" "TERM=dumb"; do
+  plain=$(env -u NO_COLOR $setting script -qec "$keyscout check $work/empty" /dev/null </dev/null) || true
+  case $plain in
+    *"$escape"*) fail "coloured with $setting: $plain" ;;
+    *"error: "*) ;;
+    *) fail "no finding: $plain" ;;
+  esac
+done
+run check "$work/empty"
+if grep -q "$escape" "$work/out"; then fail "a file is coloured"; fi
+
 # A reader that has gone ends a long list of findings without a word.
 mkdir "$work/catalog"
 printf '%0250d\r\n' 0 >"$work/catalog/catindex.txt"
