@@ -14,13 +14,30 @@ _keyscout() {
       COMPREPLY=($(compgen -W "memory win32" -- "$current"))
       return
       ;;
+    --delimiter)
+      COMPREPLY=($(compgen -W "comma semicolon tab" -- "$current"))
+      return
+      ;;
+    --duplicates)
+      COMPREPLY=($(compgen -W "refuse first" -- "$current"))
+      return
+      ;;
+    --csv)
+      compopt -o filenames 2>/dev/null
+      COMPREPLY=($(compgen -f -- "$current"))
+      return
+      ;;
     # What these take is known to the user alone.
+    --number | --code-page | --index-file) return ;;
     --brand | --authorized | --count | --lines | --index | --download) return ;;
   esac
   case ${COMP_WORDS[1]} in
     check) options="--json --index --download" ;;
     lookup) options="--brand --authorized --count --json --index --download" ;;
-    pack) options="--lines --index" ;;
+    pack)
+      options="--csv --number --brand --index --delimiter --no-header --upper-case --duplicates
+        --code-page --lines --index-file --download --force --dry-run --json --quiet"
+      ;;
     play) options="--view --line-numbers --widgets" ;;
     try) options="--index --download" ;;
     *) options="" ;;

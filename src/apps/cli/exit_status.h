@@ -8,5 +8,7 @@ inline constexpr int success = 0;
 inline constexpr int negative = 1;
 /// The work could not be begun: wrong arguments, nothing to read, no terminal.
 inline constexpr int unusable = 2;
+/// Another process is at the same work; it may be tried again when that has ended.
+inline constexpr int busy = 3;
 
 }  // namespace keyscout::ExitStatus

@@ -88,9 +88,8 @@ void addHelpCommand(CLI::App& app) {
   });
 }
 
-}  // namespace
-
-int runProgram(int argc, const char* const* argv) {
+/// Runs the command that the arguments name; its exit status.
+int runCommand(int argc, const char* const* argv) {
   CLI::App app{"Looks up product catalog numbers as they are typed."};
   app.name("keyscout");
   app.require_subcommand(0, 1);
@@ -124,8 +123,18 @@ int runProgram(int argc, const char* const* argv) {
     std::cerr << "keyscout: " << sentenceOf(failure) << '\n';
     return ExitStatus::unusable;
   }
-  std::cout.flush();
   return status;
+}
+
+}  // namespace
+
+int runProgram(int argc, const char* const* argv) {
+  const int status = runCommand(argc, argv);
+  std::cout.flush();
+  // A reader that has gone is no failure to be told of; the signal tells.
+  if (std::cout || Interruption::pending() != 0) return status;
+  std::cerr << "keyscout: The output could not be written.\n";
+  return ExitStatus::unusable;
 }
 
 }  // namespace keyscout

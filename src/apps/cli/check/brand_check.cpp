@@ -1,5 +1,6 @@
 #include "apps/cli/check/brand_check.h"
 
+#include "apps/cli/sentences/in_quotes.h"
 #include "base/error.h"
 #include "base/letter_case.h"
 #include "base/utf8.h"
@@ -14,14 +15,16 @@ const std::string fileName = toUtf8(DirectoryFiles::brands);
 // More distinct brands than any catalog has; beyond them some are reported more than once.
 constexpr std::size_t maxSettled = 65536;
 
-/// True when the columns of the key look like a code with a name behind it: blanks in their midst,
-/// or a word that begins exactly where the item's columns do.
-bool hasTextBehindCode(std::string_view line) {
+/// The brand that somebody may have meant who took the columns of the item for those of the name:
+/// what stands before two blanks, or before a word that begins where the item does. Empty where
+/// there is nothing of that kind.
+std::string_view codeBeforeText(std::string_view line) {
   constexpr std::size_t itemColumn = BrandLine<char>::textColumns.first;
   const std::string_view key = BrandLine{line}.code();
-  if (key.find("  ") != key.npos) return true;
-  return line.size() >= itemColumn && line[itemColumn - 1] != ' ' && line[itemColumn - 2] == ' ' &&
-         !trimmed(line.substr(0, itemColumn - 1)).empty();
+  if (const auto blanks = key.find("  "); blanks != key.npos) return key.substr(0, blanks);
+  const bool beginsWord =
+      line.size() >= itemColumn && line[itemColumn - 1] != ' ' && line[itemColumn - 2] == ' ';
+  return beginsWord ? trimmed(line.substr(0, itemColumn - 1)) : std::string_view{};
 }
 
 }  // namespace
@@ -55,10 +58,8 @@ void BrandCheck::checkLine(std::string_view bytes, std::uint64_t line) {
     directory_.warning(fileName, line,
                        "brand " + inQuotes(spelling) + " stands on line " +
                            std::to_string(first->second.line) + " already; the first one counts");
-  } else if (hasTextBehindCode(bytes)) {
-    directory_.error(fileName, line,
-                     "columns 1 to 50 are the brand's key, so this brand is known as " +
-                         inQuotes(spelling) + "; its name may only begin in column 51");
+  } else if (const std::string_view code = codeBeforeText(bytes); !code.empty()) {
+    withTextBehind_.try_emplace(upperCase(directory_.codePage.decode(code)), Known{spelling, line});
   }
 }
 
@@ -69,6 +70,14 @@ void BrandCheck::beginTable() {
 
 void BrandCheck::check(std::string_view brand, const std::string& file, std::uint64_t line) {
   if (brand == latest_) return;
+  // Of any length, and not to be kept.
+  if (brand.size() > RecordColumns::brand.width) {
+    directory_.warning(file, line,
+                       "brand " + directory_.inQuotes(brand) + " has " +
+                           std::to_string(brand.size()) + " characters; none of " + fileName +
+                           " has more than 50");
+    return;
+  }
   latest_ = brand;
   if (settled_.contains(brand)) return;
   if (settled_.size() == maxSettled) settled_.clear();
@@ -80,6 +89,7 @@ void BrandCheck::compare(std::string_view brand, const std::string& file, std::u
   if (brand.empty() || !isComplete_) return;
   const String spelling = directory_.codePage.decode(brand);
   const auto found = known_.find(upperCase(spelling));
+  if (found == known_.end() && tellOfTextBehind(upperCase(spelling))) return;
   if (found == known_.end()) {
     directory_.warning(file, line,
                        "brand " + inQuotes(spelling) + " is not in " + fileName +
@@ -90,6 +100,19 @@ void BrandCheck::compare(std::string_view brand, const std::string& file, std::u
                            inQuotes(found->second.spelling) + " in " + fileName +
                            "; letter case counts when a list is filtered by brand");
   }
+}
+
+/// True where the brand file has the brand, but with text behind it.
+bool BrandCheck::tellOfTextBehind(const String& code) {
+  const auto found = withTextBehind_.find(code);
+  if (found == withTextBehind_.end()) return false;
+  Known& brand = found->second;
+  if (brand.isToldOf) return true;
+  brand.isToldOf = true;
+  directory_.error(fileName, brand.line,
+                   "columns 1 to 50 are the brand's key, so this brand is known as " +
+                       inQuotes(brand.spelling) + "; its name may only begin in column 51");
+  return true;
 }
 
 }  // namespace keyscout

@@ -31,13 +31,20 @@ class BrandCheck {
 
   void checkLine(std::string_view bytes, std::uint64_t line);
   void compare(std::string_view brand, const std::string& file, std::uint64_t line);
+  bool tellOfTextBehind(const String& code);
 
-  const CheckedDirectory& directory_;
+  /// A brand as it stands in the brand file.
   struct Known {
     String spelling;
     std::uint64_t line;
+    bool isToldOf = false;
   };
+
+  const CheckedDirectory& directory_;
   std::unordered_map<String, Known> known_;  // by upper-case form
+  // Brands that may be a code with a name behind it, by the upper-case form of that code. Whether
+  // they are shows when a table has the code for a brand.
+  std::unordered_map<String, Known> withTextBehind_;
   bool isComplete_ = false;
   // Most lines name a brand that was looked at already.
   std::unordered_set<std::string, Hash, std::equal_to<>> settled_;

@@ -7,6 +7,7 @@
 
 #include "apps/cli/check/check_output.h"
 #include "apps/cli/exit_status.h"
+#include "apps/cli/files/failure_sentence.h"
 #include "apps/cli/files/path_text.h"
 #include "apps/cli/terminal/interruption.h"
 #include "apps/cli/terminal/progress_bar.h"
@@ -62,7 +63,7 @@ int check(const DataDirectory& directory, bool asJson) try {
 } catch (const Interruption&) {
   throw;
 } catch (const std::exception& failure) {
-  std::cerr << "keyscout check: " << failure.what() << '\n';
+  std::cerr << "keyscout check: " << sentenceOf(failure) << '\n';
   return ExitStatus::unusable;
 }
 

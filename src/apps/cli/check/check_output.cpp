@@ -3,16 +3,15 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
+#include "apps/cli/sentences/counted.h"
+#include "apps/cli/sentences/in_quotes.h"
+
 namespace keyscout {
 namespace {
 
 using Json = nlohmann::ordered_json;
 
 const char* nameOf(Severity severity) { return severity == Severity::error ? "error" : "warning"; }
-
-std::string counted(std::uint64_t count, const std::string& noun) {
-  return std::to_string(count) + ' ' + noun + (count == 1 ? "" : "s");
-}
 
 std::string dumped(const Json& json) {
   return json.dump(-1, ' ', false, Json::error_handler_t::replace);
@@ -26,8 +25,10 @@ void CheckOutput::add(const Finding& finding) {
 }
 
 void CheckText::write(const Finding& finding) {
+  // The index may name its tables as it likes.
+  const std::string file = visible(std::string_view{finding.file});
   const std::string severity = std::string{nameOf(finding.severity)} + ':';
-  out() << style_.strong(finding.file + ':' + std::to_string(finding.line) + ':') << ' '
+  out() << style_.strong(file + ':' + std::to_string(finding.line) + ':') << ' '
         << (finding.severity == Severity::error ? style_.bad(severity) : style_.doubtful(severity))
         << ' ' << finding.sentence << '\n';
 }

@@ -1,6 +1,7 @@
 #include "apps/cli/check/checked_directory.h"
 
 #include "apps/cli/files/path_text.h"
+#include "apps/cli/sentences/in_quotes.h"
 #include "base/utf8.h"
 
 namespace keyscout {
@@ -20,9 +21,7 @@ std::uint64_t CheckedDirectory::sizeOf(std::string_view name) const {
 }
 
 std::string CheckedDirectory::inQuotes(std::string_view bytes) const {
-  return keyscout::inQuotes(codePage.decode(bytes));
+  return keyscout::inQuotes(bytes, codePage);
 }
-
-std::string inQuotes(StringView text) { return '"' + toUtf8(text) + '"'; }
 
 }  // namespace keyscout

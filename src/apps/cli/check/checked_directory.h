@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "apps/cli/check/finding.h"
-#include "apps/cli/host/data_directory.h"
+#include "apps/cli/directory/data_directory.h"
 #include "base/code_page.h"
 #include "platform/files.h"
 
@@ -43,10 +43,8 @@ struct CheckedDirectory {
     report({file, line, Severity::warning, sentence});
   }
 
-  /// A text of the files in UTF-8 and in quotation marks.
+  /// A text of the files as a sentence quotes it.
   std::string inQuotes(std::string_view bytes) const;
 };
-
-std::string inQuotes(StringView text);
 
 }  // namespace keyscout

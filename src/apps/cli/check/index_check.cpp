@@ -1,5 +1,7 @@
 #include "apps/cli/check/index_check.h"
 
+#include "apps/cli/sentences/counted.h"
+#include "apps/cli/sentences/in_quotes.h"
 #include "base/error.h"
 #include "base/numbers.h"
 #include "base/utf8.h"
@@ -9,6 +11,15 @@
 
 namespace keyscout {
 namespace {
+
+/// What counts of a line that is longer than any should be: the columns and, at the end, the last
+/// brand.
+std::string withoutMiddle(std::string_view line) {
+  constexpr std::size_t lastBrand = RecordColumns::brand.width;
+  if (line.size() <= IndexColumns::lineLength) return std::string{line};
+  return std::string{line.substr(0, IndexColumns::lineLength - lastBrand)} +
+         std::string{line.substr(line.size() - lastBrand)};
+}
 
 class IndexCheck {
  public:
@@ -20,10 +31,10 @@ class IndexCheck {
       const auto file = directory_.open(file_);
       while (!file->atEnd() && !isFull_) {
         ++line_;
-        const String text = directory_.codePage.decode(file->readLine());
-        if (!trimmed(text).empty()) take(text);
+        const std::string_view bytes = file->readLine();
+        if (!trimmed(bytes).empty()) take(bytes);
       }
-      if (tables_.empty()) error("names no table");
+      if (tables_.empty()) directory_.error(file_, 1, "names no table");
     } catch (const Error& failure) {
       ++line_;
       error(std::string{"cannot be read: "} + failure.what());
@@ -32,15 +43,15 @@ class IndexCheck {
   }
 
  private:
-  void take(const String& text) {
+  void take(std::string_view bytes) {
     if (tables_.size() == keyscoutModule::catalogTableCapacity) {
       error("is table 1002; an index holds 1001, and a start-up with more of them fails");
       isFull_ = true;
       return;
     }
-    IndexedTable table{parseIndexLine(text), line_, {}};
+    IndexedTable table{parseIndexLine(directory_.codePage.decode(withoutMiddle(bytes))), line_, {}};
     table.fileName = toUtf8(table.entry.tableNumber + String{DirectoryFiles::tableExtension});
-    checkLength(text.size());
+    checkLength(bytes.size());
     checkTableNumber(table.entry);
     checkRange(table.entry);
     tables_.push_back(std::move(table));
@@ -49,8 +60,8 @@ class IndexCheck {
   void checkLength(std::size_t length) {
     if (length == IndexColumns::lineLength) return;
     directory_.warning(file_, line_,
-                       "has " + std::to_string(length) +
-                           " characters instead of 250; its last 50, whatever they hold, are taken "
+                       "has " + counted(length, "character") +
+                           " instead of 250; its last 50, whatever they hold, are taken "
                            "for the brand of the last entry");
   }
 

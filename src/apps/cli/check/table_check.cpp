@@ -2,6 +2,9 @@
 
 #include <algorithm>
 
+#include "apps/cli/directory/record_bytes.h"
+#include "apps/cli/sentences/counted.h"
+#include "apps/cli/sentences/in_quotes.h"
 #include "base/error.h"
 #include "base/numbers.h"
 
@@ -57,8 +60,8 @@ void TableCheck::readLines(const IndexedTable& table) {
 
 void TableCheck::checkLine(std::string_view bytes) {
   if (bytes.size() < CatalogLine::minLength) {
-    error("has " + std::to_string(bytes.size()) +
-          " characters; a lookup that reads a line of less than 70 fails");
+    error("has " + counted(bytes.size(), "character") +
+          "; a lookup that reads a line of less than 70 fails");
     return;
   }
   const CatalogLine line{bytes};
@@ -76,10 +79,11 @@ void TableCheck::checkLine(std::string_view bytes) {
   }
   brands_.check(brand, file_, line_);
   brandIndex_.note(brand, position_);
+  checkCharacters(bytes, brand);
 
   previous_.index = line.index();
   previous_.number = number;
-  previous_.brand = brand;
+  previous_.brand = brand.substr(0, RecordColumns::brand.width);
   previous_.line = line_;
   if (first_.line == 0) {
     previous_.file = file_;
@@ -95,6 +99,15 @@ void TableCheck::checkIndexField(std::string_view index) {
     error("index " + directory_.inQuotes(index) +
           " in columns 1 to 10 is not a number of 32 bits; a lookup that lists the line fails");
   }
+}
+
+void TableCheck::checkCharacters(std::string_view bytes, std::string_view brand) const {
+  // What is behind a brand of any length was told of with the brand.
+  if (brand.size() > RecordColumns::brand.width) return;
+  if (isUtf8BeyondAscii(bytes))
+    directory_.warning(file_, line_, "is UTF-8; a lookup takes its bytes for Windows-1252");
+  else if (const auto strange = strangeCharacterIn(bytes))
+    directory_.warning(file_, line_, *strange);
 }
 
 void TableCheck::checkOrder(std::string_view number) {
@@ -137,7 +150,7 @@ void TableCheck::checkAgainstIndex(const IndexedTable& table, const Place& found
   if (indexField != decoded(found.index))
     directory_.warning(index, table.line, sentence("index", indexField, decoded(found.index)));
   const String& brand = isFirst ? entry.firstBrand : entry.lastBrand;
-  const String heldBrand = decoded(found.brand.substr(0, RecordColumns::brand.width));
+  const String heldBrand = decoded(found.brand);
   if (brand != trimmed(heldBrand))
     directory_.warning(index, table.line, sentence("brand", brand, heldBrand));
 }

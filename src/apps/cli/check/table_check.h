@@ -69,6 +69,7 @@ class TableCheck {
   void readLines(const IndexedTable& table);
   void checkLine(std::string_view bytes);
   void checkIndexField(std::string_view index);
+  void checkCharacters(std::string_view bytes, std::string_view brand) const;
   void checkOrder(std::string_view number);
   void checkAgainstIndex(const IndexedTable& table, const Place& found, bool isFirst) const;
   std::string placeOfPrevious() const;

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "apps/cli/host/data_directory.h"
+#include "apps/cli/directory/data_directory.h"
 #include "apps/cli/host/failure_trace.h"
 #include "controller/keyscout_controller.h"
 #include "platform/local/local_platform.h"

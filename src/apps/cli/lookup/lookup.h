@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "apps/cli/host/data_directory.h"
+#include "apps/cli/directory/data_directory.h"
 #include "platform/files.h"
 
 namespace keyscout {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
+#include "apps/cli/sentences/in_quotes.h"
 #include "base/utf8.h"
 
 namespace keyscout {
@@ -15,11 +16,14 @@ std::size_t widthOf(const std::string& text) { return fromUtf8(text).size(); }
 
 void writeText(std::ostream& out, const LookupAnswer& answer, const TextStyle& style) {
   std::size_t width = 0;
-  for (const LookupEntry& entry : answer.entries) width = std::max(width, widthOf(entry.number));
+  for (const LookupEntry& entry : answer.entries)
+    width = std::max(width, widthOf(visible(std::string_view{entry.number})));
   for (const LookupEntry& entry : answer.entries) {
-    out << style.strong(entry.number);
+    const std::string number = visible(std::string_view{entry.number});
+    out << style.strong(number);
     if (!entry.brand.empty())
-      out << std::string(width - widthOf(entry.number) + 2, ' ') << style.faint(entry.brand);
+      out << std::string(width - widthOf(number) + 2, ' ')
+          << style.faint(visible(std::string_view{entry.brand}));
     out << '\n';
   }
 }

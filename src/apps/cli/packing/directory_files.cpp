@@ -30,8 +30,8 @@ void checkName(const std::string& role, const std::string& name) {
   // A host puts the name behind the directory, where a backslash is a separator on every system.
   if (name.empty() || name == "." || name == ".." || name.find_first_of("/\\") != name.npos)
     throw refusal("must be the plain name of a file; give it another one.");
-  for (const StringView taken :
-       {DirectoryFiles::control, DirectoryFiles::brands, DirectoryFiles::brandIndex, stagingFolder})
+  for (const StringView taken : {DirectoryFiles::control, DirectoryFiles::brands,
+                                 DirectoryFiles::brandIndex, stagingFolder, packLock})
     if (equalIgnoringCase(fromUtf8(name), taken))
       throw refusal("has the name of another file in the directory; give it another one.");
   if (isTableName(name)) throw refusal("has the name of a catalog table; give it another one.");
@@ -45,7 +45,7 @@ std::string tableFile(std::uint64_t position) {
 
 void checkNames(const std::filesystem::path& download, const std::filesystem::path& index) {
   const std::string indexName = pathText(index);
-  const std::string downloadName = pathText(download.filename());
+  const std::string downloadName = pathText(download);
   checkName("The download", downloadName);
   checkName("The index", indexName);
   if (isSameName(downloadName, indexName))

@@ -6,16 +6,11 @@
 #include <string>
 #include <string_view>
 
+#include "apps/cli/packing/duplicate_list.h"
 #include "apps/cli/sorting/external_sorter.h"
 #include "apps/cli/sorting/number_order.h"
 
 namespace keyscout {
-
-/// A catalog number, as a key of its order, and the line of the download that it stands on.
-struct NumberOnLine {
-  std::string_view key;
-  std::uint64_t line;
-};
 
 /// Finds the numbers that a download holds twice, those that differ in letter case alone included:
 /// a list shows only one of them.
@@ -27,19 +22,16 @@ struct NumberOnLine {
 class DuplicateCheck {
  public:
   /// Sorts in `folder` with `memory` bytes. `order` must outlive this.
-  DuplicateCheck(std::filesystem::path download, const NumberOrder& order,
-                 const std::filesystem::path& folder, std::size_t memory);
+  DuplicateCheck(const NumberOrder& order, const std::filesystem::path& folder, std::size_t memory);
 
   void collect(const NumberOnLine& number);
 
-  /// To be called for all numbers in ascending order. Fails with `PackError` at a duplicate.
-  void check(const NumberOnLine& number);
+  /// To be called for all numbers in ascending order; what stands twice goes to `found`.
+  void check(const NumberOnLine& number, DuplicateList& found);
 
  private:
-  void advanceFolded();
-  [[noreturn]] void refuse(const NumberOnLine& a, const NumberOnLine& b) const;
+  void advanceFolded(DuplicateList& found);
 
-  std::filesystem::path download_;
   const NumberOrder& order_;
   ExternalSorter byFoldedForm_;
   const SortRecord* folded_ = nullptr;  // the one to be met next

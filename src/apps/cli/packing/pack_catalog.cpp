@@ -1,17 +1,24 @@
 #include "apps/cli/packing/pack_catalog.h"
 
 #include <algorithm>
-#include <exception>
+#include <memory>
+#include <new>
+#include <stdexcept>
 #include <string>
 #include <system_error>
+#include <utility>
 
+#include "apps/cli/files/failure_sentence.h"
+#include "apps/cli/files/temporary_folder.h"
 #include "apps/cli/packing/brand_index_writer.h"
 #include "apps/cli/packing/brand_writer.h"
-#include "apps/cli/packing/control_file.h"
 #include "apps/cli/packing/directory_files.h"
+#include "apps/cli/packing/directory_hold.h"
 #include "apps/cli/packing/download_reader.h"
 #include "apps/cli/packing/duplicate_check.h"
+#include "apps/cli/packing/former_catalog.h"
 #include "apps/cli/packing/line_payload.h"
+#include "apps/cli/packing/publication.h"
 #include "apps/cli/packing/staging_folder.h"
 #include "apps/cli/packing/table_writer.h"
 #include "apps/cli/sorting/external_sorter.h"
@@ -52,7 +59,7 @@ class Packing {
         download_(download),
         staging_(staging),
         byNumber_(staging.scratch(), "number", options.memory / 5 * 4),
-        duplicates_(options.download, order_, staging.scratch(), options.memory / 5) {}
+        duplicates_(order_, staging.scratch(), options.memory / 5) {}
 
   PackSummary run() {
     readDownload();
@@ -80,6 +87,7 @@ class Packing {
         report("Reading", download_.bytesRead(), download_.size());
     }
     if (summary_.records == 0) throw download_.refusal("The download holds no records.");
+    download_.closeCopy();
     brands.close();
     summary_.brands = brands.count();
   }
@@ -87,11 +95,12 @@ class Packing {
   void writeTables() {
     TableWriter tables{staging_.catalog(), options_.indexName, summary_.linesPerTable};
     BrandIndexWriter brandIndex;
+    DuplicateList found{order_, download_.origin()};
     std::string number;
     std::uint64_t written = 0;
     while (const SortRecord* record = byNumber_.next()) {
       const LinePayload payload{record->payload};
-      duplicates_.check({record->key, payload.line});
+      duplicates_.check({record->key, payload.line}, found);
       order_.toText(record->key, number);
       constexpr std::size_t indexWidth = RecordColumns::index.width;
       const std::string_view brand = payload.text.substr(indexWidth);
@@ -99,8 +108,10 @@ class Packing {
       brandIndex.add(brand, written / summary_.linesPerTable);
       if (++written % recordsPerReport == 0) report("Writing", written, summary_.records);
     }
+    found.refuse();
     summary_.tables = tables.finish();
     brandIndex.write(staging_.catalog(), options_.indexName, summary_.tables);
+    report("Writing", written, summary_.records);
   }
 
   void report(std::string_view step, std::uint64_t done, std::uint64_t total) const {
@@ -117,47 +128,98 @@ class Packing {
   PackSummary summary_;
 };
 
-bool isSameFile(const std::filesystem::path& a, const std::filesystem::path& b) {
-  std::error_code noSuchFile;
-  return std::filesystem::equivalent(a, b, noSuchFile);
+/// The options with every name in its place.
+PackOptions completed(PackOptions options) {
+  if (options.downloadName.empty()) {
+    std::error_code unknown;
+    const bool hasName =
+        !options.maker && std::filesystem::is_regular_file(options.download, unknown);
+    options.downloadName = hasName ? options.download.filename() : usualDownload;
+  }
+  checkNames(options.downloadName, options.indexName);
+  if (options.linesPerTable == 0)
+    throw PackError("A table needs at least 1 line.", ExitStatus::unusable);
+  return options;
 }
 
-void removeStaleTables(const std::filesystem::path& directory, std::uint64_t tables) {
-  for (std::uint64_t i = tables; i < maxTables; ++i)
-    std::filesystem::remove(directory / tableFile(i));
+/// Opens the download where it need not be made first.
+std::unique_ptr<DownloadReader> opened(const PackOptions& options) {
+  if (options.maker) return nullptr;
+  return std::make_unique<DownloadReader>(options.download, LineOrigin{options.download},
+                                          options.acceptsUtf8);
 }
 
-PackSummary packInto(const std::filesystem::path& directory, const PackOptions& options,
-                     const PackProgress& progress, DownloadReader& download) {
-  const StagingFolder staging{directory};
-  PackSummary summary = Packing{options, progress, download, staging}.run();
+/// Makes all files of the new catalog but the control file.
+PackSummary prepare(const PackOptions& options, const PackProgress& progress,
+                    std::unique_ptr<DownloadReader> download, const StagingFolder& staging) {
+  const std::filesystem::path file = staging.catalog() / options.downloadName;
+  std::uint64_t dropped = 0;
+  if (download) {
+    download->keepCopy(file);
+  } else {
+    MadeDownload made = options.maker->make(file, staging.scratch(), progress);
+    dropped = made.dropped;
+    download = std::make_unique<DownloadReader>(file, std::move(made.origin), true);
+  }
+  PackSummary summary = Packing{options, progress, *download, staging}.run();
+  summary.dropped = dropped;
   summary.indexName = options.indexName;
-  summary.downloadName = options.download.filename();
-  if (!isSameFile(options.download, directory / summary.downloadName))
-    std::filesystem::copy_file(options.download, staging.catalog() / summary.downloadName);
-  staging.install();
-  removeStaleTables(directory, summary.tables);
+  summary.downloadName = options.downloadName;
   return summary;
+}
+
+FormerCatalog::Names namesOf(const StagingFolder& staging) {
+  FormerCatalog::Names names{DirectoryFiles::control};
+  for (const auto& entry : std::filesystem::directory_iterator{staging.catalog()})
+    names.insert(entry.path().filename());
+  return names;
+}
+
+PackSummary pack(const PackOptions& options, const PackProgress& progress) {
+  auto download = opened(options);
+  const DirectoryHold hold{options.directory};
+  finishPublication(options.directory);
+  const FormerCatalog former{options.directory, options.indexName, options.download, options.force};
+
+  StagingFolder staging{options.directory / stagingFolder};
+  PackSummary summary = prepare(options, progress, std::move(download), staging);
+  summary.replacesCatalog = former.isThere();
+  const FormerCatalog::Names names = namesOf(staging);
+  former.makeWayFor(names);
+  publish(staging, options.directory, former.without(names));
+  return summary;
+}
+
+/// The same without the directory; it would fail where a pack would.
+PackSummary packNowhere(const PackOptions& options, const PackProgress& progress) {
+  auto download = opened(options);
+  const FormerCatalog former{options.directory, options.indexName, options.download, options.force};
+  const TemporaryFolder folder{"keyscout-pack"};
+  const StagingFolder staging{folder.path() / stagingFolder};
+  PackSummary summary = prepare(options, progress, std::move(download), staging);
+  summary.replacesCatalog = former.isThere();
+  former.makeWayFor(namesOf(staging));
+  return summary;
+}
+
+PackError failureOf(const std::exception& failure, const PackOptions& options) {
+  std::string sentence = "The catalog could not be packed: " + sentenceOf(failure);
+  if (!options.dryRun && isHalfPublished(options.directory))
+    sentence += ". It is in process until you pack again.";
+  return {sentence, ExitStatus::unusable};
 }
 
 }  // namespace
 
-PackSummary packCatalog(const PackOptions& options, const PackProgress& progress) try {
-  checkNames(options.download, options.indexName);
-  if (options.linesPerTable == 0)
-    throw PackError("A table needs at least 1 line.", ExitStatus::unusable);
-  DownloadReader download{options.download};
-
-  std::filesystem::create_directories(options.directory);
-  ControlFile control{options.directory};
-  PackSummary summary = packInto(options.directory, options, progress, download);
-  control.setReady();
-  return summary;
+PackSummary packCatalog(const PackOptions& given, const PackProgress& progress) try {
+  const PackOptions options = completed(given);
+  return options.dryRun ? packNowhere(options, progress) : pack(options, progress);
 } catch (const PackError&) {
   throw;
-} catch (const std::exception& failure) {
-  throw PackError(std::string{"The catalog could not be packed: "} + failure.what(),
-                  ExitStatus::unusable);
+} catch (const std::runtime_error& failure) {
+  throw failureOf(failure, given);
+} catch (const std::bad_alloc& failure) {
+  throw failureOf(failure, given);
 }
 
 }  // namespace keyscout

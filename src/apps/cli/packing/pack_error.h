@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstdint>
-#include <filesystem>
 #include <stdexcept>
 #include <string>
 
@@ -10,7 +8,8 @@
 
 namespace keyscout {
 
-/// Why a catalog could not be packed, in a sentence for the user, and the status to exit with.
+/// Why a catalog could not be packed, in sentences for the user, one a line, and the status to exit
+/// with.
 class PackError : public std::runtime_error {
  public:
   PackError(const std::string& message, int exitStatus)
@@ -21,11 +20,5 @@ class PackError : public std::runtime_error {
  private:
   int exitStatus_;
 };
-
-/// A download that is refused for what stands on a line, counted from 1.
-inline PackError refusalOf(const std::filesystem::path& download, std::uint64_t line,
-                           const std::string& sentence) {
-  return {pathText(download) + ':' + std::to_string(line) + ": " + sentence, ExitStatus::negative};
-}
 
 }  // namespace keyscout

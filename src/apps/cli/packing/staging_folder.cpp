@@ -1,14 +1,11 @@
 #include "apps/cli/packing/staging_folder.h"
 
 #include <system_error>
-#include <vector>
-
-#include "apps/cli/packing/directory_files.h"
+#include <utility>
 
 namespace keyscout {
 
-StagingFolder::StagingFolder(const std::filesystem::path& directory)
-    : directory_(directory), root_(directory / stagingFolder) {
+StagingFolder::StagingFolder(std::filesystem::path root) : root_(std::move(root)) {
   std::filesystem::remove_all(root_);
   std::filesystem::create_directories(catalog());
   std::filesystem::create_directories(scratch());
@@ -16,14 +13,7 @@ StagingFolder::StagingFolder(const std::filesystem::path& directory)
 
 StagingFolder::~StagingFolder() {
   std::error_code ignored;
-  std::filesystem::remove_all(root_, ignored);
-}
-
-void StagingFolder::install() const {
-  std::vector<std::filesystem::path> files;
-  for (const auto& entry : std::filesystem::directory_iterator(catalog()))
-    files.push_back(entry.path());
-  for (const auto& file : files) std::filesystem::rename(file, directory_ / file.filename());
+  if (!isKept_) std::filesystem::remove_all(root_, ignored);
 }
 
 }  // namespace keyscout

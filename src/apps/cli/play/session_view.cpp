@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 
+#include "apps/cli/sentences/in_quotes.h"
 #include "lookup/list_limits.h"
 
 namespace keyscout {
@@ -133,13 +134,15 @@ void SessionView::showList(const Json& state) {
     const std::string number = entries[static_cast<std::size_t>(i)];
     const bool isSelected = i == selected;
     const std::string row =
-        padded((isSelected ? "▸ " : "  ") + padded(number, 26) + brands[number], boxWidth);
+        padded((isSelected ? "▸ " : "  ") + padded(visible(std::string_view{number}), 26) +
+                   visible(std::string_view{brands[number]}),
+               boxWidth);
     out_ << "    │" << (isSelected ? style_.inverse(row) : row) << "│\n";
   }
 }
 
 void SessionView::line(const std::string& text, std::size_t width) {
-  out_ << "    │" << padded(" " + text, width) << "│\n";
+  out_ << "    │" << padded(" " + visible(std::string_view{text}), width) << "│\n";
 }
 
 }  // namespace keyscout

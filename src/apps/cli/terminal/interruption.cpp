@@ -15,7 +15,7 @@ constexpr std::array watched{SIGINT, SIGTERM, SIGBREAK};
 
 void setHandler(int signal, void (*handler)(int)) { std::signal(signal, handler); }
 #else
-constexpr std::array watched{SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE};
+constexpr std::array watched{SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE, SIGXFSZ};
 
 void setHandler(int signal, void (*handler)(int)) {
   struct sigaction action {};
@@ -37,6 +37,12 @@ int Interruption::pending() noexcept { return pendingSignal; }
 
 void Interruption::check() {
   if (pendingSignal != 0) throw Interruption{pendingSignal};
+}
+
+bool Interruption::dismiss() noexcept {
+  const bool hasCome = pendingSignal != 0;
+  pendingSignal = 0;
+  return hasCome;
 }
 
 void Interruption::finish() {

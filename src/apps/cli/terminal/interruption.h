@@ -5,7 +5,7 @@
 namespace keyscout {
 
 /// A person or the system wants the program to end: Ctrl-C, the end of the terminal, a reader of
-/// the output that has gone.
+/// the output that has gone, a limit of file sizes.
 class Interruption : public std::exception {
  public:
   explicit Interruption(int signal) : signal_(signal) {}
@@ -20,6 +20,8 @@ class Interruption : public std::exception {
   static int pending() noexcept;
   /// Fails with an `Interruption` once a signal has come. Long work calls it between its steps.
   static void check();
+  /// Forgets a signal that has come too late for the work to be stopped; true where one had.
+  static bool dismiss() noexcept;
   /// Ends the program by the signal that has come, as it would have without `watch`, so that the
   /// caller's shell learns why; returns where none has.
   static void finish();

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <filesystem>
 #include <functional>
 #include <nlohmann/json.hpp>
 #include <sstream>
@@ -94,10 +96,26 @@ const Damage damages[] = {
     {"DownloadOfAnotherFormat",
      fill("download.txt", {"FORMAT=[CATALOG(60)]"}),
      {"download.txt:1: error"},
-     "not consistant"},
+     "not consistant with the current version of Tessaly. The first line must be exactly "
+     "FORMAT=[INDEX(10)][CATALOG(60)][BRAND(50)], but it is \"FORMAT=[CATALOG(60)]\"."},
+    {"DownloadBesideANewerOne",
+     [](const SmallCatalog& catalog) {
+       catalog.writeLines("old.txt", catalog.read("download.txt"));
+       const auto now = std::filesystem::file_time_type::clock::now();
+       std::filesystem::last_write_time(catalog.path() / "old.txt", now - std::chrono::hours{1});
+     },
+     {"old.txt:1: warning"},
+     "older than download.txt, which is the one that counts"},
+    {"ControlOfAKilledPack",
+     [](const SmallCatalog& catalog) {
+       catalog.writeLines("catcontrol.txt", {"INPROCESS"});
+       std::filesystem::create_directories(catalog.path() / "keyscout-pack.tmp" / "complete");
+     },
+     {"catcontrol.txt:1: error"},
+     "ended half-way; pack again."},
 
     {"IndexMissing", lose("catindex.txt"), {"catindex.txt:1: error"}, "File not found"},
-    {"IndexEmpty", fill("catindex.txt", {"", "  "}), {"catindex.txt:2: error"}, "no table"},
+    {"IndexEmpty", fill("catindex.txt", {"", "  "}), {"catindex.txt:1: error"}, "no table"},
     {"IndexLineTooLong",
      put("catindex.txt", 2, 251, "X"),
      {"catindex.txt:2: warning", "catindex.txt:2: warning"},
@@ -150,7 +168,11 @@ const Damage damages[] = {
     {"BrandsMissing", lose("brandinfo.txt"), {"brandinfo.txt:1: error"}, "File not found"},
     {"BrandTwice", append("brandinfo.txt", "acme"), {"brandinfo.txt:3: warning"}, "on line 1"},
     {"TextInTheKeysColumns",
-     append("brandinfo.txt", "CRANE     Crane Works"),
+     [](const SmallCatalog& catalog) {
+       catalog.append("brandinfo.txt", "CRANE     Crane Works");
+       catalog.overwrite("1.txt", 2, brandColumn, "CRANE");
+       catalog.overwrite("2.txt", 2, brandColumn, "CRANE");
+     },
      {"brandinfo.txt:3: error"},
      "\"CRANE     Crane Works\""},
     {"NoBrandInTheKeysColumns",
@@ -161,6 +183,23 @@ const Damage damages[] = {
     {"TableMissing", lose("1.txt"), {"catindex.txt:2: error"}, "1.txt cannot be read"},
     {"TableEmpty", fill("1.txt", {}), {"1.txt:1: error"}, "empty"},
     {"ShortLine", append("2.txt", std::string(69, 'X')), {"2.txt:5: error"}, "69 characters"},
+    {"LineOfOneCharacter", append("2.txt", "X"), {"2.txt:5: error"}, "has 1 character;"},
+    {"ControlCharacter",
+     put("1.txt", 2, brandColumn, "B\x1B[T"),
+     {"1.txt:2: warning", "1.txt:2: warning"},
+     "brand \"B\\x1B[T\" is not in brandinfo.txt"},
+    {"UndefinedByte",
+     put("1.txt", 2, brandColumn, "BOL\x81"),
+     {"1.txt:2: warning", "1.txt:2: warning"},
+     "\"BOL\\x81\""},
+    {"Utf8",
+     put("1.txt", 2, brandColumn, "B\xC3\x96T"),
+     {"1.txt:2: warning", "1.txt:2: warning"},
+     "is not in brandinfo.txt"},
+    {"BrandOfAnyLength",
+     put("1.txt", 2, brandColumn, std::string(1 << 20, 'X')),
+     {"1.txt:2: warning"},
+     "X...\" has 1048576 characters; none of brandinfo.txt has more than 50"},
     {"BlankLine", append("2.txt", ""), {"2.txt:5: error"}, "0 characters"},
     {"IndexFieldWithLetters", put("1.txt", 2, 1, "6x"), {"1.txt:2: error"}, "\"6x\""},
     {"IndexFieldTooLarge", put("1.txt", 2, 1, "2147483648"), {"1.txt:2: error"}, "32 bits"},
@@ -255,6 +294,24 @@ TEST(Check, FindsNothingInASoundCatalog) {
   EXPECT_EQ(checked.places, Places{});
   EXPECT_EQ(checked.summary.tables, 3U);
   EXPECT_EQ(checked.summary.lines, 12U);
+}
+
+TEST(Check, FindsNothingInBrandsOfSeveralWords) {
+  const SmallCatalog catalog;
+  catalog.writeLines("brandinfo.txt",
+                     {"ACME", "BOLT", "Black and Decker", "A  B", "CRANE     Crane Works"});
+  catalog.overwrite("1.txt", 2, brandColumn, "Black and Decker");
+  catalog.overwrite("1.txt", 3, brandColumn, "A  B");
+  EXPECT_EQ(check(catalog).places, Places{});
+}
+
+TEST(Check, NamesADownloadThatMayNotBeRead) {
+  const SmallCatalog catalog;
+  std::filesystem::permissions(catalog.path() / "download.txt", std::filesystem::perms::none);
+  if (std::ifstream{catalog.path() / "download.txt"}) GTEST_SKIP() << "everything may be read here";
+  const Checked checked = check(catalog);
+  EXPECT_EQ(checked.places, Places{"download.txt:1: error"});
+  EXPECT_EQ(checked.sentences.at(0), "cannot be read: Permission denied");
 }
 
 TEST(Check, NamesBothPlacesOfNumbersThatDifferInLetterCase) {

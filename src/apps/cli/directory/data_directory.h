@@ -17,9 +17,10 @@ struct DataDirectory {
   std::string downloadFile = {};
 };
 
-/// `directory` with its download named: that file in it whose first line is a download's header.
-/// Where there is none its name stays empty. Fails with `std::filesystem::filesystem_error` where
-/// the directory cannot be read.
+/// `directory` with its download named: the newest file in it that begins with a download's header.
+/// Where there is none it is one that may not be read, so that it is refused for that; where there
+/// is no such file either its name stays empty. Fails with `std::filesystem::filesystem_error`
+/// where the directory cannot be read.
 DataDirectory withDownloadFound(DataDirectory directory);
 
 }  // namespace keyscout

@@ -1,0 +1,25 @@
+#include "apps/cli/directory/wrong_header.h"
+
+#include "apps/cli/sentences/in_quotes.h"
+#include "base/code_page.h"
+#include "base/letter_case.h"
+#include "shared/data_format/record_columns.h"
+
+namespace keyscout {
+
+std::string wrongHeader(std::string_view firstLine) {
+  if (firstLine.starts_with("\xEF\xBB\xBF"))
+    return "a byte order mark stands before it; save the file without one, in Windows-1252";
+  if (firstLine.starts_with("\xFF\xFE") || firstLine.starts_with("\xFE\xFF") ||
+      firstLine.find('\0') != firstLine.npos)
+    return "the file is UTF-16; save it in Windows-1252";
+  if (firstLine.find('\r') != firstLine.npos)
+    return "the lines of the file end with CR alone; end them with CR LF or LF";
+  const String line = windows1252().decode(firstLine);
+  if (trimmed(line).empty()) return "it is blank";
+  if (trimmed(line) == downloadHeader) return "blanks stand before or behind it; take them away";
+  if (equalIgnoringCase(line, downloadHeader)) return "it stands there in other letters";
+  return "it is " + inQuotes(line);
+}
+
+}  // namespace keyscout
