@@ -24,12 +24,18 @@ grep -q '^Depends:.*libstdc++6' "$work/libkeyscout1" || fail "$(cat "$work/libke
 grep -q '^Depends: libkeyscout1 (= 1\.[0-9.]*)$' "$work/libkeyscout-dev" ||
   fail "$(cat "$work/libkeyscout-dev")"
 
-# An empty root has none of the packages that these depend on.
+# An empty root has none of the packages that these depend on. Files in it belong to root, which
+# others are in a name space of their own.
 root=$work/root
+in_root() {
+  as_root=""
+  [ "$(id -u)" -eq 0 ] || as_root="unshare --map-root-user"
+  $as_root dpkg --root="$root" --log=/dev/null --force-not-root --force-depends \
+    --force-script-chrootless "$@" >"$work/log" 2>&1 || fail "$(cat "$work/log")"
+}
 mkdir -p "$root/var/lib/dpkg/info" "$root/var/lib/dpkg/updates" "$root/var/log"
 : >"$root/var/lib/dpkg/status"
-dpkg --root="$root" --log=/dev/null --force-not-root --force-depends --force-script-chrootless \
-  -i "$work/packages/"*.deb >"$work/log" 2>&1 || fail "$(cat "$work/log")"
+in_root -i "$work/packages/"*.deb
 
 for path in share/man/man1/keyscout.1 share/bash-completion/completions/keyscout \
   share/zsh/vendor-completions/_keyscout share/fish/vendor_completions.d/keyscout.fish \
@@ -48,7 +54,6 @@ if grep -rlF -e "$build" "$root/usr/share" "$root/usr/include" "$root/usr/lib/cm
   "$root/usr/lib/pkgconfig"; then
   fail "these files name the build"
 fi
-dpkg --root="$root" --log=/dev/null --force-not-root --force-script-chrootless \
-  -P libkeyscout-dev libkeyscout1 keyscout >"$work/log" 2>&1 || fail "$(cat "$work/log")"
+in_root -P libkeyscout-dev libkeyscout1 keyscout
 [ -z "$(find "$root/usr" -type f 2>/dev/null)" ] || fail "left: $(find "$root/usr" -type f)"
 echo "passed"
