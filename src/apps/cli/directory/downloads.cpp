@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <fstream>
+#include <string_view>
 #include <utility>
 
 #include "shared/data_format/record_columns.h"
@@ -10,9 +11,14 @@
 namespace keyscout {
 namespace {
 
+/// What downloads of all formats begin with, also behind a mark that other programs put there.
 bool beginsWithHeader(std::ifstream& file) {
-  std::array<char, downloadHeaderStart.size()> start{};
-  return file.read(start.data(), start.size()) && std::ranges::equal(start, downloadHeaderStart);
+  constexpr std::string_view mark = "\xEF\xBB\xBF";
+  std::array<char, mark.size() + downloadHeaderStart.size()> bytes{};
+  file.read(bytes.data(), bytes.size());
+  std::string_view start{bytes.data(), static_cast<std::size_t>(file.gcount())};
+  if (start.starts_with(mark)) start.remove_prefix(mark.size());
+  return std::ranges::equal(start.substr(0, downloadHeaderStart.size()), downloadHeaderStart);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "apps/cli/packing/publication.h"
 
+#include <stdexcept>
 #include <string>
 #include <system_error>
 
@@ -83,10 +84,11 @@ void exchangeFiles(const fs::path& root, const fs::path& directory) {
   syncDirectory(directory);
 }
 
-bool saysInProcess(const fs::path& control) {
-  if (!fs::exists(control)) return false;
+bool saysInProcess(const fs::path& control) try {
   InputFile file{control};
   return file.readLine() == toUtf8(ControlWords::inProcess);
+} catch (const std::runtime_error&) {
+  return false;
 }
 
 }  // namespace
@@ -104,7 +106,8 @@ void publish(StagingFolder& staging, const fs::path& directory,
 }
 
 bool isHalfPublished(const fs::path& directory) {
-  return fs::exists(SealedStaging{directory / stagingFolder}.catalog()) &&
+  std::error_code unknown;
+  return fs::exists(SealedStaging{directory / stagingFolder}.catalog(), unknown) &&
          saysInProcess(directory / DirectoryFiles::control);
 }
 

@@ -14,7 +14,7 @@ namespace keyscout {
 /// is ready; it is always there and always whole. Where the process dies or the system fails on the
 /// way, the catalog stays in process and `finishPublication` has what it takes to go on.
 ///
-/// All fail with `std::exception`.
+/// Fails with `std::runtime_error`.
 void publish(StagingFolder& staging, const std::filesystem::path& directory,
              const std::vector<std::filesystem::path>& leftOver);
 
@@ -22,7 +22,8 @@ void publish(StagingFolder& staging, const std::filesystem::path& directory,
 /// nothing where there is nothing of that kind.
 void finishPublication(const std::filesystem::path& directory);
 
-/// True where a pack has left its catalog in process, and still is at it or was killed.
+/// True where a pack has left its catalog in process, and still is at it or was killed; false where
+/// nobody may look.
 bool isHalfPublished(const std::filesystem::path& directory);
 
 }  // namespace keyscout

@@ -98,6 +98,11 @@ const Damage damages[] = {
      {"download.txt:1: error"},
      "not consistant with the current version of Tessaly. The first line must be exactly "
      "FORMAT=[INDEX(10)][CATALOG(60)][BRAND(50)], but it is \"FORMAT=[CATALOG(60)]\"."},
+    {"DownloadBehindAByteOrderMark",
+     fill("download.txt", {"\xEF\xBB\xBF"
+                           "FORMAT=[INDEX(10)][CATALOG(60)][BRAND(50)]"}),
+     {"download.txt:1: error"},
+     "a byte order mark stands before it"},
     {"DownloadBesideANewerOne",
      [](const SmallCatalog& catalog) {
        catalog.writeLines("old.txt", catalog.read("download.txt"));
