@@ -26,7 +26,7 @@ namespace keyscout::bench {
 namespace {
 
 constexpr std::size_t keyCount = 2'000;
-constexpr std::size_t coldKeyCount = 50;
+constexpr std::size_t coldKeyCount = 25;
 
 struct Question {
   const char* name;
@@ -153,6 +153,7 @@ class Course {
   std::vector<ColdFigures> coldTimes() {
     std::vector<ColdFigures> figures;
     if (!hasContenders_) return figures;
+    writeToDisk(catalog_.directory());
     const auto timed = [&](const std::filesystem::path& files, const auto& work) {
       std::vector<double> times;
       for (std::size_t key = 0; key < coldKeyCount; ++key) {

@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <span>
+
 #include "controller/keyscout_controller.h"
 #include "shared/data_format/brand_line.h"
 #include "shared/data_format/directory_files.h"
@@ -10,6 +13,15 @@ namespace {
 // A brand file that cannot be read on fails the same way at every try; the load then goes on
 // without the rest of it.
 constexpr int maxFailuresInARow = 100;
+
+/// True when every table begins no higher than it ends and ends no lower than the one before it.
+bool isInOrder(std::span<const CatalogTableEntry> tables) {
+  const auto isRange = [](const CatalogTableEntry& table) {
+    return table.firstCatalog <= table.lastCatalog;
+  };
+  return std::ranges::all_of(tables, isRange) &&
+         std::ranges::is_sorted(tables, {}, &CatalogTableEntry::lastCatalog);
+}
 
 }  // namespace
 
@@ -34,6 +46,7 @@ void RWKeyscoutController::initialize() {
 void RWKeyscoutController::loadIndex() {
   module_->catalogTableCount = 0;
   module_->catalogIndexDigest.reset();
+  module_->isCatalogIndexInOrder = false;
   const auto file = platform_.files.open(pathInDirectory(KeyscoutIndexFile()));
   module_->catalogTableIndex.resize(keyscoutModule::catalogTableCapacity);
   LineDigest digest;
@@ -50,6 +63,8 @@ void RWKeyscoutController::loadIndex() {
     ++module_->catalogTableCount;
   }
   module_->catalogIndexDigest = digest.value();
+  module_->isCatalogIndexInOrder = isInOrder(std::span{module_->catalogTableIndex}.first(
+      static_cast<std::size_t>(module_->catalogTableCount)));
 }
 
 void RWKeyscoutController::loadBrands() {

@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <span>
+
 #include "lookup/lookup_engine.h"
 
 namespace keyscout {
@@ -23,6 +26,17 @@ std::int16_t LookupEngine::searchIndex(const String& key) {
   if (module.lastTableNumber == -1) {
     fields_.tableSearchStart = 0;
     module.lastTableNumber = 0;
+  }
+
+  // In an index in order the walk below ends at the first table that ends at or above the key,
+  // wherever it starts.
+  if (module.isCatalogIndexInOrder && fields_.tableSearchStart < module.getTableCount()) {
+    const auto tables =
+        std::span{module.catalogTableIndex}.first(static_cast<std::size_t>(module.getTableCount()));
+    const auto found = std::ranges::lower_bound(tables, key, {}, &CatalogTableEntry::lastCatalog);
+    if (found == tables.end()) return -1;
+    fields_.tableSearchStart = static_cast<std::int16_t>(found - tables.begin());
+    return fields_.tableSearchStart;
   }
 
   std::int16_t i = fields_.tableSearchStart;

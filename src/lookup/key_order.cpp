@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 
 namespace keyscout {
 
@@ -43,11 +44,15 @@ bool isNumberBelow(std::string_view columns, std::string_view others, const Code
   };
   skipBlanks(columns);
   skipBlanks(others);
-  const auto differs = std::ranges::mismatch(columns, others, [&](char one, char other) {
-    return one == other || codePage[one] == codePage[other];
-  });
-  const std::string_view rest{differs.in1, columns.end()};
-  const std::string_view restOfOthers{differs.in2, others.end()};
+  // Neighbours in a table begin alike: what has the same bytes is passed over eight at a time.
+  std::size_t same = 0;
+  const std::size_t shorter = std::min(columns.size(), others.size());
+  while (same + sizeof(std::uint64_t) <= shorter &&
+         std::memcmp(columns.data() + same, others.data() + same, sizeof(std::uint64_t)) == 0)
+    same += sizeof(std::uint64_t);
+  while (same < shorter && codePage[columns[same]] == codePage[others[same]]) ++same;
+  const std::string_view rest = columns.substr(same);
+  const std::string_view restOfOthers = others.substr(same);
   if (isBlank(rest)) return !isBlank(restOfOthers);
   return !isBlank(restOfOthers) && codePage[rest.front()] < codePage[restOfOthers.front()];
 }

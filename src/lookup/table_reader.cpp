@@ -8,8 +8,8 @@
 namespace keyscout {
 namespace {
 
-// Some ten lines, of which a decision needs two.
-constexpr std::size_t pieceSize = 1024;
+// Some six lines, of which a decision needs two.
+constexpr std::size_t pieceSize = 512;
 // Reading so much line by line takes about as long as looking at one more piece.
 constexpr std::size_t lastStretch = 8192;
 // The lines that a list takes from the key on.

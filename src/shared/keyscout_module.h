@@ -40,6 +40,8 @@ struct keyscoutModule {
   /// The `LineDigest` of the index file, absent unless all of it was loaded: all that is kept of
   /// what spares reading tables by brand.
   std::optional<std::uint64_t> catalogIndexDigest;
+  /// All of the index file was loaded, and its ranges ascend as they should.
+  bool isCatalogIndexInOrder = false;
 
   String KeyscoutDirectory;  // ends in a backslash
   String KeyscoutIndexFile;

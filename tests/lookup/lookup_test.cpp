@@ -88,6 +88,13 @@ TEST_F(Lookup, SearchesFromWhereTheLastSearchEnded) {
   EXPECT_EQ(fields().tableSearchStart, 2) << "and the others keep their start";
 }
 
+TEST_F(Lookup, WalksAnIndexOutOfOrderFromTableToTable) {
+  open({series("G", 1), series("A", 1), series("D", 1)});
+  enter(u"C");
+  EXPECT_EQ(control->entries().front(), "G000") << "the first table that ends above the text";
+  EXPECT_EQ(fields().tableSearchStart, 0);
+}
+
 TEST_F(Lookup, GivesUpWhereNoTableCoversTheText) {
   open({series("A", 3)});
   enter(u"A");
