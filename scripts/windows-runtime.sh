@@ -1,5 +1,14 @@
 # Sourced by scripts that run Windows programs: gives them a Windows folder and a screen of their own.
-# Sets work, a folder to work in. All that is started here ends with the script, and the folder goes.
+# Sets work, a folder to work in, and widths, those of programs that run here. All that is started here
+# ends with the script, and the folder goes.
+
+scripts/install-packages wine wine64 libc6-i386 xvfb fonts-dejavu-core
+widths=64
+# Some virtual machines run no 32-bit code at all.
+if /lib/ld-linux.so.2 --version >/dev/null 2>&1; then
+  widths='64 32'
+  PATH=$(scripts/make-windows-runtime)/bin:$PATH
+fi
 
 work=$(mktemp -d "$PWD/build/windows-runtime.XXXXXX")
 # Menus and file associations would go to the user's own home.
@@ -24,3 +33,9 @@ wineboot -i >/dev/null 2>&1
 wineserver -w
 # A crash must not wait for a debugger.
 wine reg add 'HKLM\Software\Microsoft\Windows NT\CurrentVersion\AeDebug' /v Auto /d 0 /f >/dev/null
+
+# Without a window manager the runtime must not wait for one.
+wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null
+
+# The folder with the system's programs of a width, as a 64-bit program names it.
+system_folder() { if [[ $1 == 64 ]]; then echo 'C:\windows\system32'; else echo 'C:\windows\syswow64'; fi; }
