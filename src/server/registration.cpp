@@ -33,6 +33,9 @@ void registerTypeLibrary(HKEY root) {
 }
 
 void removeTypeLibrary(HKEY root) {
+  // The system's function takes the interfaces of both widths away, without which no call finds its
+  // way to another thread.
+  if (leaveTypeLibraryToOtherWidth(root)) return;
   const auto remove = root == HKEY_LOCAL_MACHINE ? &UnRegisterTypeLib : &UnRegisterTypeLibForUser;
   remove(LIBID_Keyscout, 1, 0, LOCALE_NEUTRAL, systemKind);
 }

@@ -30,6 +30,7 @@ const RegisteredClass registeredClasses[] = {
     {CLSID_keyscoutControl, L"Keyscout.keyscoutControl", L"Keyscout catalog number lookup", true},
     {CLSID_BrandList, L"Keyscout.BrandList", L"Keyscout list of brands", false},
     {CLSID_BrandItem, L"Keyscout.BrandItem", L"Keyscout brand", false},
+    {CLSID_HostServices, L"Keyscout.HostServices", L"Keyscout services of the host", false},
 };
 
 struct RegistryValue {
@@ -92,13 +93,25 @@ void write(HKEY classes, const RegistryValue& value) {
                                 REG_SZ, std::bit_cast<const BYTE*>(value.text.c_str()), bytes));
 }
 
+constexpr bool is64Bit = sizeof(void*) == 8;
+constexpr REGSAM otherWidth = is64Bit ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
+
+bool isThere(HKEY root, const std::wstring& below, REGSAM view) {
+  RegistryKey key;
+  return RegOpenKeyExW(root, (classesPath + below).c_str(), 0, KEY_QUERY_VALUE | view, key.put()) ==
+         ERROR_SUCCESS;
+}
+
 /// Whether the library of the other width has registered the class. What is below CLSID is kept
 /// for each width, the names of classes are there once for both.
 bool isOfOtherWidth(HKEY root, const RegisteredClass& served) {
-  constexpr REGSAM otherWidth = sizeof(void*) == 8 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
-  RegistryKey key;
-  return RegOpenKeyExW(root, (classesPath + keyOf(served)).c_str(), 0, KEY_QUERY_VALUE | otherWidth,
-                       key.put()) == ERROR_SUCCESS;
+  return isThere(root, keyOf(served), otherWidth);
+}
+
+/// Where the type library of a width lies.
+std::wstring typeLibraryKey(bool of64Bit) {
+  return L"TypeLib\\" + textOf(LIBID_Keyscout) +
+         (of64Bit ? L"\\1.0\\0\\win64" : L"\\1.0\\0\\win32");
 }
 
 }  // namespace
@@ -134,6 +147,14 @@ Removal removeEntries(HKEY root) {
     remove(served.name + std::wstring{L".1"});
   }
   return removal;
+}
+
+bool leaveTypeLibraryToOtherWidth(HKEY root) {
+  // Systems differ in whether both widths share the key.
+  const std::wstring other = typeLibraryKey(!is64Bit);
+  if (!isThere(root, other, 0) && !isThere(root, other, otherWidth)) return false;
+  RegDeleteTreeW(root, (classesPath + typeLibraryKey(is64Bit)).c_str());
+  return true;
 }
 
 }  // namespace keyscout

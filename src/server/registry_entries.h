@@ -32,4 +32,8 @@ enum class Removal { nothing, done, refused };
 /// Removes what `writeEntries` writes, as far as the library of the other width does not need it.
 Removal removeEntries(HKEY root);
 
+/// Where the library of the other width has registered the type library, too: removes no more of it
+/// than where this one lies, and returns true.
+bool leaveTypeLibraryToOtherWidth(HKEY root);
+
 }  // namespace keyscout

@@ -233,6 +233,34 @@ TEST_F(Registration, RemovalStopsAtWhatTheCallerMayNotChange) {
   EXPECT_EQ(removeIt(), E_ACCESSDENIED) << "only the machine's is left";
 }
 
+// The interfaces are there once for both widths on some systems, and the system's own function
+// removes them with either width.
+TEST_F(Registration, LeavesToTheOtherWidthWhatItNeeds) {
+  constexpr bool is64Bit = sizeof(void*) == 8;
+  const std::wstring places = L"TypeLib\\{99678389-1525-4D77-A0B4-9A760B37785F}\\1.0\\0\\";
+  const std::wstring other = places + (is64Bit ? L"win32" : L"win64");
+  const Dump before = machine();
+  ASSERT_EQ(registerIt(), S_OK);
+  Dump expected = machine();
+  RegCloseKey(classesOf(machine_, other));
+  EXPECT_EQ(removeIt(), S_OK);
+  // The classes are each width's own; what is common stays.
+  const std::wstring own = classPath(places) + (is64Bit ? L"win64" : L"win32");
+  std::erase_if(expected, [&](const auto& entry) {
+    return entry.first.starts_with(classPath(L"CLSID\\{")) ||
+           entry.first.starts_with(classPath(L"Keyscout.")) || entry.first.starts_with(own);
+  });
+  expected[classPath(other) + L'\\'];
+  EXPECT_TRUE(expected.contains(
+      classPath(L"Interface\\{BBC6D31D-FDB6-4F5E-AE57-E7EDE3D45088}\\ProxyStubClsid32\\")));
+  EXPECT_EQ(difference(machine(), expected), "");
+
+  RegDeleteTreeW(machine_, classPath(other).c_str());
+  ASSERT_EQ(registerIt(), S_OK);
+  EXPECT_EQ(removeIt(), S_OK);
+  EXPECT_EQ(difference(machine(), before), "") << "the last one takes everything along";
+}
+
 TEST_F(Registration, FollowsTheLibraryToAnotherFolder) {
   ASSERT_EQ(registerIt(), S_OK);
   const Dump before = machine();
