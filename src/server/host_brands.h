@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "platform/brand_list.h"
-#include "server/com/com_ptr.h"
+#include "server/host_object.h"
 
 namespace keyscout {
 
@@ -12,21 +12,16 @@ class HostBrandCollection final : public BrandCollection {
  public:
   /// Fails with type mismatch (13) where `object` lacks one of the two.
   explicit HostBrandCollection(ComPtr<IDispatch> object);
-  ~HostBrandCollection() override;
 
-  const ComPtr<IDispatch>& object() const { return object_; }
+  const ComPtr<IDispatch>& object() const { return object_.get(); }
 
   std::size_t count() const override;
   std::shared_ptr<const BrandItem> item(StringView brand) const override;
 
-  /// Called when the library goes, or a thread that may have no COM any more: from now on the
-  /// calling thread gives no references back, since what they refer to may be gone already.
-  static void abandonReferences() noexcept;
-
  private:
-  ComPtr<IDispatch> object_;
-  DISPID countId_ = 0;
-  DISPID itemId_ = 0;
+  HostObject object_;
+  DISPID countId_;
+  DISPID itemId_;
 };
 
 /// A host's object as the list of brands that a control is given.

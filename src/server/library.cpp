@@ -9,8 +9,9 @@
 #include "server/com/class_factory.h"
 #include "server/control/control_object.h"
 #include "server/controller_object.h"
-#include "server/host_brands.h"
+#include "server/host_object.h"
 #include "server/registration.h"
+#include "server/services_object.h"
 
 namespace keyscout {
 namespace {
@@ -30,11 +31,12 @@ const ServedClass servedClasses[] = {
     {CLSID_keyscoutControl, newFactory<ControlObject>},
     {CLSID_BrandList, newFactory<BrandListObject>},
     {CLSID_BrandItem, newFactory<BrandItemObject>},
+    {CLSID_HostServices, newFactory<ServicesObject>},
 };
 
 /// Objects that the thread's state refers to may be gone with the thread's COM by now.
 void endThread() noexcept {
-  HostBrandCollection::abandonReferences();
+  HostObject::abandonReferences();
   freeThreadSlot();
 }
 

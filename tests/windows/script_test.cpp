@@ -47,15 +47,17 @@ class ScriptHost final : public Object<IActiveScriptSite> {
 };
 
 /// The VBScript engine with one script in it, connected to the control's events. "ctl" is the
-/// control, "host" the controller, "list" an empty list of brands: a script here creates nothing
-/// itself, since the runtime's engine never lets go of a class object that it created from, and
-/// other tests of this process count what is left of the library's objects.
+/// control, "host" the controller, "list" an empty list of brands, "services" what takes the host's
+/// own services: a script here creates nothing itself, since the runtime's engine never lets go of
+/// a class object that it created from, and other tests of this process count what is left of the
+/// library's objects.
 class Script {
  public:
   Script(TestForm& form, const char* code) : site_(makeObject<ScriptHost>()) {
     site_->objects = {{L"ctl", form.site().controlAs<IDispatch>()},
                       {L"host", ComPtr<IDispatch>{&form.controller()}},
-                      {L"list", create<IDispatch>(CLSID_BrandList)}};
+                      {L"list", create<IDispatch>(CLSID_BrandList)},
+                      {L"services", create<IDispatch>(CLSID_HostServices)}};
     CLSID engine{};
     CLSIDFromProgID(L"VBScript", &engine);
     engine_ = create<IActiveScript>(engine);
@@ -225,6 +227,39 @@ TEST(Scripts, BrandListsAndOtherCollections) {
     Script script{form, with.code};
     EXPECT_EQ(script.result(), with.expected);
   }
+}
+
+TEST(Scripts, AScriptsOwnTraceAndTitle) {
+  TestForm form;
+  Script script{
+      form,
+      "Dim result\n"
+      "Class Mine\n"
+      "Public Sub enterProcedure(className, procName, level)\n"
+      "  result = result & \"+\" & className & \".\" & procName & level\n"
+      "End Sub\n"
+      "Public Sub exitProcedure(className, procName, level)\n  result = result & \"-\"\nEnd Sub\n"
+      "Public Sub reportError(className, procName, number, source, description, line)\n"
+      "  result = result & \"!\" & number\n"
+      "End Sub\n"
+      "Public Sub traceMessage(className, procName, text, level)\nEnd Sub\n"
+      "Public Sub logMessage(className, procName, text, level)\nEnd Sub\n"
+      "Public Property Get titleRecord\n  Set titleRecord = Me\nEnd Property\n"
+      "End Class\n"
+      "Set services.traceService = New Mine\n"
+      "Set services.messageTitleSource = services.traceService\n"
+      "host.resetLastTableNumber\n"
+      "host.KeyscoutDirectory = \"C:\\nowhere\"\n"
+      "host.checkCatalogControlFile\n"
+      "Set services.traceService = Nothing\n"
+      "Set services.messageTitleSource = Nothing\n"
+      "host.resetLastTableNumber\n"
+      "On Error Resume Next\n"
+      "Set services.traceService = list\n"
+      "result = result & \" \" & Err.Number\n"};
+  EXPECT_EQ(script.result(),
+            "+RWKeyscoutController.resetLastTableNumber1-"
+            "+RWKeyscoutController.checkCatalogControlFile1!76 13");
 }
 
 TEST(Scripts, OnlyAuthorizedBrandsAreListed) {

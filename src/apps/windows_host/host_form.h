@@ -4,6 +4,7 @@
 
 #include <array>
 #include <string>
+#include <vector>
 
 #include "apps/windows_host/control_site.h"
 #include "keyscout_h.h"
@@ -11,8 +12,8 @@
 
 namespace keyscout {
 
-/// The sample host's form: two lookup controls, the brand that they look up, the brands that the
-/// user may see, the lock, and a log of the events.
+/// The sample host's form: two lookup controls with the brands that were accepted in them, the
+/// brand that they look up, the brands that the user may see, the lock, and a log of the events.
 class HostForm {
  public:
   /// `directory` holds the catalog data. A form for languages that are written from right to left
@@ -27,30 +28,66 @@ class HostForm {
   void run();
 
  private:
-  static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-  void onCommand(WORD id, WORD code);
-  void onEvent(int control, DISPID event, DISPPARAMS& arguments);
+  /// A window of the form and its place at 96 dots per inch.
+  struct Part {
+    HWND window;
+    RECT place;
+  };
+  /// One lookup control.
+  struct Field {
+    RECT place;
+    const wchar_t* name;
+    ComPtr<ControlSite> site;
+    HWND brand = nullptr;
+    /// What was accepted last, whose brand is shown as long as it stands in the field.
+    std::wstring accepted;
+    bool isAccepting = false;
+  };
 
-  HWND add(const wchar_t* className, const wchar_t* text, DWORD style, RECT at, int id = 0);
-  void addControls();
+  static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam);
+  void onCommand(WORD id, WORD code);
+  void onEvent(Field& field, DISPID event, DISPPARAMS& arguments);
+
+  HWND add(const wchar_t* kind, const wchar_t* text, DWORD style, RECT place, int id = 0);
+  void addField(Field& field, const wchar_t* label);
+  void addParts();
+  void setFonts();
+  /// Puts all in place, at the resolution and in the size that the form has now.
+  void arrange();
+  void rememberFocus();
+  void giveFocusBack();
+
   void startUp();
   void authorizeBrands();
+  void showAcceptedBrand(Field& field);
+  void showLock();
   void log(const std::wstring& line);
   /// Logs how a call went wrong, with what the library says about it.
   void logFailure(const wchar_t* call, HRESULT result);
   std::wstring chosenBrand() const;
-  int scaled(int pixels) const;
+  RECT scaled(RECT place) const;
 
   std::wstring directory_;
   bool rightToLeft_;
+  int dpi_ = 96;
   HWND window_ = nullptr;
   HWND brand_ = nullptr;
   HWND authorized_ = nullptr;
+  HWND lockState_ = nullptr;
+  HWND lock_ = nullptr;
+  HWND unlock_ = nullptr;
   HWND log_ = nullptr;
+  int logWidth_ = 0;
   Font font_;
+  Font boldFont_;
+  std::vector<Part> parts_;
   ComPtr<_RWKeyscoutController> controller_;
-  std::array<ComPtr<ControlSite>, 2> sites_;
   ComPtr<ITypeInfo> events_;  // of the controls
+  std::array<Field, 2> fields_;
+  // Where the focus was when the user went to another window.
+  HWND lastFocus_ = nullptr;
+  std::size_t lastField_ = 0;
 };
 
 }  // namespace keyscout

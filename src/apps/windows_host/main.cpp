@@ -1,6 +1,6 @@
 // keyscout_host [--right-to-left] [DIRECTORY]: a form with two lookup controls on the catalog data
-// in DIRECTORY, or in the folder "sample" beside the program's own. keyscout.dll must be
-// registered.
+// in DIRECTORY, or in the folder "sample" beside the program's own. Finds keyscout.dll by the
+// manifest Keyscout.Lookup in its own folder, else by its registration.
 
 #include <windows.h>
 
@@ -50,8 +50,9 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     keyscout::HostForm form{options.directory, options.rightToLeft};
     form.run();
   } catch (const keyscout::ComFailure& failure) {
-    const std::wstring text = L"The form could not be set up. Is keyscout.dll registered?\nError " +
-                              std::to_wstring(failure.result);
+    const std::wstring text =
+        L"The form could not be set up. Is keyscout.dll beside the program?\nError " +
+        std::to_wstring(failure.result);
     MessageBoxW(nullptr, text.c_str(), L"Keyscout sample host", MB_OK | MB_ICONERROR);
     status = 1;
   }

@@ -4,6 +4,7 @@
 #include "platform/win32/parameters.h"
 #include "platform/win32/wide.h"
 #include "server/com/failures.h"
+#include "support/input.h"
 
 namespace keyscout {
 namespace {
@@ -30,27 +31,6 @@ HWND makeForm() {
   return CreateWindowExW(0, description.lpszClassName, L"form",
                          WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN, 50, 50, 500, 400, nullptr,
                          nullptr, description.hInstance, nullptr);
-}
-
-void send(const INPUT& input) {
-  INPUT copy = input;
-  SendInput(1, &copy, sizeof copy);
-}
-
-INPUT keyInput(WORD key, DWORD flags) {
-  INPUT input{};
-  input.type = INPUT_KEYBOARD;
-  input.ki.wVk = key;
-  input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
-  input.ki.dwFlags = flags;
-  return input;
-}
-
-INPUT mouseInput(DWORD flags) {
-  INPUT input{};
-  input.type = INPUT_MOUSE;
-  input.mi.dwFlags = flags;
-  return input;
 }
 
 }  // namespace
@@ -142,11 +122,11 @@ void TestForm::pump() {
 }
 
 void TestForm::key(WORD key, WORD modifier) {
-  if (modifier) send(keyInput(modifier, 0));
-  send(keyInput(key, 0));
+  if (modifier) sendInput(keyInput(modifier, 0));
+  sendInput(keyInput(key, 0));
   pump();
-  send(keyInput(key, KEYEVENTF_KEYUP));
-  if (modifier) send(keyInput(modifier, KEYEVENTF_KEYUP));
+  sendInput(keyInput(key, KEYEVENTF_KEYUP));
+  if (modifier) sendInput(keyInput(modifier, KEYEVENTF_KEYUP));
   pump();
 }
 
@@ -157,9 +137,9 @@ void TestForm::type(const char* text) {
 void TestForm::click(POINT onScreen) {
   SetCursorPos(onScreen.x, onScreen.y);
   pump();
-  send(mouseInput(MOUSEEVENTF_LEFTDOWN));
+  sendInput(mouseInput(MOUSEEVENTF_LEFTDOWN));
   pump();
-  send(mouseInput(MOUSEEVENTF_LEFTUP));
+  sendInput(mouseInput(MOUSEEVENTF_LEFTUP));
   pump();
 }
 

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <windows.h>
+
+#include <oleauto.h>
+
+#include <array>
+#include <span>
+
+#include "base/text.h"
+#include "server/com/com_ptr.h"
+#include "server/com/values.h"
+
+namespace keyscout {
+
+/// An object of the host's, called by the names of its members. A call may well let go of the
+/// `HostObject` that makes it.
+class HostObject {
+ public:
+  /// `name` is the source of the failures of `member`; a literal.
+  HostObject(ComPtr<IDispatch> object, StringView name) : object_(std::move(object)), name_(name) {}
+  ~HostObject();
+  HostObject(const HostObject&) = delete;
+  HostObject& operator=(const HostObject&) = delete;
+
+  const ComPtr<IDispatch>& get() const { return object_; }
+
+  /// The number of a member. Fails with type mismatch (13) where there is none.
+  DISPID member(StringView name) const;
+  /// Reads a property, with the one argument where there is one. False where that fails.
+  bool read(DISPID id, VARIANT* argument, VARIANT& result) const;
+  /// Calls a method; the arguments stand in the order of calls, last one first. Fails with the
+  /// number, source and sentence that the host fails with.
+  void call(DISPID id, std::span<VARIANT> arguments) const;
+
+  /// Called when the library goes, or a thread that may have no COM any more: from now on the
+  /// calling thread gives no references back, since what they refer to may be gone already.
+  static void abandonReferences() noexcept;
+
+ private:
+  ComPtr<IDispatch> object_;
+  StringView name_;
+};
+
+/// The arguments of a call, given first one first.
+class HostArguments {
+ public:
+  /// By reference: the callee may change them, which nobody looks at.
+  HostArguments& add(StringView text);
+  HostArguments& add(std::int32_t number);
+  HostArguments& addByValue(StringView text);
+
+  /// Last one first.
+  std::span<VARIANT> inOrderOfCalls() { return std::span{given_}.subspan(first_); }
+
+ private:
+  static constexpr std::size_t most = 6;
+
+  std::array<OwnedVariant, most> values_;
+  std::array<VARIANT, most> given_{};
+  std::size_t first_ = most;
+};
+
+}  // namespace keyscout
