@@ -10,6 +10,7 @@
 #include "apps/cli/check/table_check.h"
 #include "apps/cli/files/path_text.h"
 #include "base/error.h"
+#include "platform/local/native_code_page.h"
 
 namespace keyscout {
 namespace {
@@ -50,7 +51,7 @@ CheckSummary checkCatalog(Files& files, const DataDirectory& names, const Findin
   if (!std::filesystem::is_directory(names.path))
     throw std::runtime_error(pathText(names.path) + " is not a directory.");
   const CheckedDirectory directory{files, withDownloadFound(names), report, progress,
-                                   windows1252()};
+                                   nativeCodePage()};
   checkStartUp(directory);
   const std::vector<IndexedTable> tables = checkIndex(directory);
   BrandCheck brands{directory};

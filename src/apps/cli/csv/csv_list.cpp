@@ -8,10 +8,10 @@
 #include "apps/cli/files/output_file.h"
 #include "apps/cli/sentences/counted.h"
 #include "apps/cli/sentences/in_quotes.h"
-#include "base/code_page.h"
 #include "base/error.h"
 #include "base/numbers.h"
 #include "base/utf8.h"
+#include "platform/local/native_code_page.h"
 #include "shared/data_format/record_columns.h"
 
 namespace keyscout {
@@ -153,8 +153,9 @@ std::string CsvList::textOf(const CsvColumn& column, bool inUpperCase) const try
 std::string CsvList::fieldOf(const CsvColumn& column, std::size_t width, bool inUpperCase) const {
   std::string bytes = textOf(column, inUpperCase);
   if (bytes.size() > width)
-    refuse(column, inQuotes(bytes, windows1252()) + " has " + counted(bytes.size(), "character") +
-                       "; it may have " + std::to_string(width));
+    refuse(column, inQuotes(bytes, nativeCodePage()) + " has " +
+                       counted(bytes.size(), "character") + "; it may have " +
+                       std::to_string(width));
   if (const auto strange = strangeCharacterIn(bytes)) refuse(column, *strange);
   return bytes;
 }
@@ -163,10 +164,10 @@ std::string CsvList::indexOf(std::uint64_t madeUp) const {
   if (!index_) return std::to_string(madeUp);
   const std::string bytes = fieldOf(*index_, RecordColumns::index.width);
   try {
-    parseInt32(windows1252().decode(bytes));
+    parseInt32(nativeCodePage().decode(bytes));
   } catch (const Error&) {
-    refuse(*index_,
-           "the index " + inQuotes(bytes, windows1252()) + " must be a decimal number of 32 bits");
+    refuse(*index_, "the index " + inQuotes(bytes, nativeCodePage()) +
+                        " must be a decimal number of 32 bits");
   }
   return bytes;
 }

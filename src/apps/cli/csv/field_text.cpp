@@ -8,10 +8,10 @@
 #include <stdexcept>
 
 #include "apps/cli/sentences/in_quotes.h"
-#include "base/code_page.h"
 #include "base/letter_case.h"
 #include "base/surrogates.h"
 #include "base/utf8.h"
+#include "platform/local/native_code_page.h"
 
 namespace keyscout {
 namespace {
@@ -25,7 +25,7 @@ std::string systemName(const std::string& codePage) {
 std::optional<char> byteOf(char16_t unit) {
   if (unit < 0x80) return static_cast<char>(unit);
   for (int byte = 0x80; byte < 0x100; ++byte)
-    if (windows1252()[static_cast<char>(byte)] == unit) return static_cast<char>(byte);
+    if (nativeCodePage()[static_cast<char>(byte)] == unit) return static_cast<char>(byte);
   return std::nullopt;
 }
 

@@ -1,7 +1,7 @@
 #include "apps/cli/csv/first_numbers.h"
 
 #include "apps/cli/packing/line_payload.h"
-#include "base/code_page.h"
+#include "platform/local/native_code_page.h"
 
 namespace keyscout {
 namespace {
@@ -11,7 +11,7 @@ constexpr std::size_t sortMemory = std::size_t{32} * 1024 * 1024;
 }  // namespace
 
 FirstNumbers::FirstNumbers(const std::filesystem::path& folder)
-    : order_(windows1252()), byFoldedForm_(folder, "first", sortMemory) {}
+    : order_(nativeCodePage()), byFoldedForm_(folder, "first", sortMemory) {}
 
 void FirstNumbers::add(std::string_view number) {
   order_.toKey(number, key_);

@@ -1,8 +1,8 @@
 #include "apps/cli/directory/wrong_header.h"
 
 #include "apps/cli/sentences/in_quotes.h"
-#include "base/code_page.h"
 #include "base/letter_case.h"
+#include "platform/local/native_code_page.h"
 #include "shared/data_format/record_columns.h"
 
 namespace keyscout {
@@ -15,7 +15,7 @@ std::string wrongHeader(std::string_view firstLine) {
     return "the file is UTF-16; save it in Windows-1252";
   if (firstLine.find('\r') != firstLine.npos)
     return "the lines of the file end with CR alone; end them with CR LF or LF";
-  const String line = windows1252().decode(firstLine);
+  const String line = nativeCodePage().decode(firstLine);
   if (trimmed(line).empty()) return "it is blank";
   if (trimmed(line) == downloadHeader) return "blanks stand before or behind it; take them away";
   if (equalIgnoringCase(line, downloadHeader)) return "it stands there in other letters";

@@ -10,10 +10,10 @@
 #include "apps/cli/files/path_text.h"
 #include "apps/cli/sentences/counted.h"
 #include "apps/cli/sentences/in_quotes.h"
-#include "base/code_page.h"
 #include "base/error.h"
 #include "base/numbers.h"
 #include "base/utf8.h"
+#include "platform/local/native_code_page.h"
 #include "shared/data_format/catalog_line.h"
 #include "shared/data_format/record_columns.h"
 
@@ -52,7 +52,7 @@ void DownloadReader::closeCopy() {
 void DownloadReader::readHeader() {
   const std::string_view header = file_.atEnd() ? std::string_view{} : readLine();
   line_ = 1;
-  if (windows1252().decode(header) != downloadHeader)
+  if (nativeCodePage().decode(header) != downloadHeader)
     throw refusal("The first line must be exactly " + toUtf8(downloadHeader) + ", but " +
                   wrongHeader(header) + '.');
 }
@@ -100,7 +100,7 @@ void DownloadReader::checkBytes(std::string_view line) const {
 }
 
 void DownloadReader::checkIndex(std::string_view index) try {
-  windows1252().decode(index, index_);
+  nativeCodePage().decode(index, index_);
   parseInt32(index_);
 } catch (const Error&) {
   throw refusal("The index " + inQuotes(index_) +

@@ -8,8 +8,8 @@
 #include "apps/cli/files/input_file.h"
 #include "apps/cli/packing/directory_files.h"
 #include "apps/cli/packing/pack_error.h"
-#include "base/code_page.h"
 #include "base/utf8.h"
+#include "platform/local/native_code_page.h"
 #include "shared/data_format/directory_files.h"
 #include "shared/data_format/index_line.h"
 #include "shared/keyscout_module.h"
@@ -28,7 +28,7 @@ bool isTableNumber(StringView text) {
 bool isIndexLine(std::string_view bytes) {
   return bytes.size() >= IndexColumns::lastEntry.first &&
          bytes.size() <= IndexColumns::lineLength &&
-         isTableNumber(parseIndexLine(windows1252().decode(bytes)).tableNumber);
+         isTableNumber(parseIndexLine(nativeCodePage().decode(bytes)).tableNumber);
 }
 
 bool looksLikeIndex(const fs::path& file) try {
@@ -96,7 +96,7 @@ void FormerCatalog::takeIndex(const fs::path& name) {
        !lines.atEnd() && position < keyscoutModule::catalogTableCapacity;) {
     const std::string_view line = lines.readLine();
     if (trimmed(line).empty()) continue;
-    const String number = parseIndexLine(windows1252().decode(line)).tableNumber;
+    const String number = parseIndexLine(nativeCodePage().decode(line)).tableNumber;
     if (isTableNumber(number)) own_.insert(number + String{DirectoryFiles::tableExtension});
     own_.insert(tableFile(position++));
   }

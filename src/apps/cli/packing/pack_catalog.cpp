@@ -23,7 +23,7 @@
 #include "apps/cli/packing/table_writer.h"
 #include "apps/cli/sorting/external_sorter.h"
 #include "apps/cli/sorting/number_order.h"
-#include "base/code_page.h"
+#include "platform/local/native_code_page.h"
 #include "shared/data_format/record_columns.h"
 #include "shared/keyscout_module.h"
 
@@ -122,7 +122,7 @@ class Packing {
   const PackProgress& progress_;
   DownloadReader& download_;
   const StagingFolder& staging_;
-  const NumberOrder order_{windows1252()};
+  const NumberOrder order_{nativeCodePage()};
   ExternalSorter byNumber_;
   DuplicateCheck duplicates_;
   PackSummary summary_;
