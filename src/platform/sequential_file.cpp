@@ -10,6 +10,8 @@ namespace {
 // first cache between being read and being searched.
 constexpr std::size_t blockSize = 16384;
 
+constexpr char endMark = '\x1A';
+
 }  // namespace
 
 bool SequentialFile::bringMore() noexcept {
@@ -23,18 +25,28 @@ bool SequentialFile::bringMore() noexcept {
 }
 
 /// Reads one more block behind the unread bytes, which move to the front first. A line that fills
-/// the whole buffer doubles it.
+/// the whole buffer doubles it. A mark that ends a block is held back until another byte shows that
+/// it does not end the file.
 std::size_t SequentialFile::fill() {
   const auto unread = static_cast<std::size_t>(limit_ - position_);
-  if (unread == buffer_.size) {
+  if (unread + 1 >= buffer_.size) {
     enlarge(unread);
   } else if (unread != 0) {
     std::memmove(buffer_.bytes.get(), position_, unread);
   }
   setUnread(0, unread);
-  const std::size_t count = read(buffer_.bytes.get() + unread, buffer_.size - unread);
-  limit_ += count;
-  return count;
+  char* const to = buffer_.bytes.get() + unread;
+  for (;;) {
+    const std::size_t held = isEndMarkHeld_ ? 1 : 0;
+    const std::size_t count = read(to + held, buffer_.size - unread - held);
+    if (count == 0) return 0;
+    if (isEndMarkHeld_) *to = endMark;
+    const std::size_t all = held + count;
+    isEndMarkHeld_ = to[all - 1] == endMark;
+    const std::size_t fresh = all - (isEndMarkHeld_ ? 1 : 0);
+    limit_ += fresh;
+    if (fresh != 0) return fresh;
+  }
 }
 
 void SequentialFile::enlarge(std::size_t unread) {
@@ -46,6 +58,7 @@ void SequentialFile::enlarge(std::size_t unread) {
 
 std::span<char> SequentialFile::emptyBuffer() {
   if (buffer_.size == 0) enlarge(0);
+  isEndMarkHeld_ = false;
   setUnread(0, 0);
   return {buffer_.bytes.get(), buffer_.size};
 }

@@ -11,7 +11,8 @@
 namespace keyscout {
 
 /// A text file that is read once, line by line, from the top. A line ends with LF or with CR LF,
-/// the last one also at the end of the file; any other byte is part of a line, and a line may be
+/// the last one also at the end of the file. Where the file's last byte is a Ctrl+Z, as old
+/// programs end texts, that byte is no part of it; any other is part of a line, and a line may be
 /// of any length. Destroying the object closes the file.
 ///
 /// Every lookup goes through here line after line, so only `read`, once for each block of the
@@ -77,6 +78,7 @@ class SequentialFile {
   Buffer buffer_;
   const char* position_ = nullptr;  // the next unread byte
   const char* limit_ = nullptr;     // behind the last byte read
+  bool isEndMarkHeld_ = false;      // read behind the unread bytes, and not among them
   std::exception_ptr failure_;      // met by `atEnd`, for `readLine` to tell
 };
 

@@ -102,6 +102,13 @@ TEST_F(Controller, LoadsIndexAndBrands) {
   EXPECT_EQ(shared().brandLookup->item(u"cira      text"), u"text");
   EXPECT_EQ(controller.isInitialized(), True);
   EXPECT_EQ(stage.takeTrace(), (Strings{"> initialize", "< initialize"}));
+
+  // The end mark of old texts is neither a table nor a brand.
+  directory.write("catindex.txt", indexLine("0", {"A1", "X"}, {"A9", "Y"}) + "\r\n\x1A");
+  directory.write("brandinfo.txt", "ACME\r\n\x1A");
+  controller.initialize();
+  EXPECT_EQ(shared().getTableCount(), 1);
+  EXPECT_EQ(shared().brandLookup->count(), 1U);
 }
 
 TEST_F(Controller, LoadsAtMost1001Tables) {
@@ -171,7 +178,7 @@ TEST_F(Controller, ReadsTheControlFile) {
     directory.write("catcontrol.txt", ready);
     EXPECT_EQ(controller.checkCatalogControlFile(), True) << ready;
   }
-  for (const std::string text : {"INPROCESS", "INPRO\r\nCESS\r\n"}) {
+  for (const std::string text : {"INPROCESS", "INPRO\r\nCESS\r\n", "INPROCESS\r\n\x1A"}) {
     directory.write("catcontrol.txt", text);
     expectRefusal([&] { return controller.checkCatalogControlFile(); },
                   Codes::ControlStatusInProcess, inProcess);

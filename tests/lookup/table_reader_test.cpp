@@ -250,6 +250,16 @@ TEST(TableReader, ReadsLittleOfALargeTable) {
   }
 }
 
+TEST(TableReader, EndsBeforeTheEndMarkOfOldTexts) {
+  const std::string bytes = largeTable();
+  for (const StringView key : {u"A00000", u"A09990", u"A09999", u"Z"}) {
+    BytesFile::Reading reading;
+    const Strings expected = found(bytes, bytes.size(), String{key}, reading);
+    EXPECT_EQ(found(bytes + "\x1A", bytes.size() + 1, String{key}, reading), expected)
+        << toUtf8(key);
+  }
+}
+
 TEST(TableReader, TellsOfEveryFailureToRead) {
   const std::string bytes = largeTable();
   BytesFile::Reading whole;

@@ -52,6 +52,15 @@ TEST(SequentialFile, EndsLinesAtLfWithOrWithoutCr) {
       {"a\r\n\r\n\nb\r\n", {"a", "", "", "b"}},
       {"a\rb\r\r\nc\r", {"a\rb\r", "c\r"}},
       {std::string("\0\x1A\xFF\n", 4), {std::string("\0\x1A\xFF", 3)}},
+      {"a\r\n\x1A", {"a"}},
+      {"a\x1A", {"a"}},
+      {"\x1A", {}},
+      {"\x1A\r\n\x1A"
+       "b\x1A\x1A",
+       {"\x1A",
+        "\x1A"
+        "b\x1A"}},
+      {longLine + "\x1A" + longLine + "\x1A", {longLine + "\x1A" + longLine}},
       {longLine + "\r\n" + longLine, {longLine, longLine}}};
   for (const auto& [bytes, expected] : cases) {
     for (const std::size_t piece : {1UL, 2UL, 7UL, 32768UL, 1000000UL}) {
