@@ -337,13 +337,16 @@ void HostForm::logFailure(const wchar_t* call, HRESULT result) {
 
 void HostForm::rememberFocus() {
   lastFocus_ = GetFocus();
-  for (std::size_t i = 0; i < fields_.size(); ++i)
-    if (fields_[i].site->hasFocus()) lastField_ = i;
+  for (std::size_t i = 0; i < fields_.size(); ++i) {
+    if (!fields_[i].site->hasFocus()) continue;
+    lastField_ = i;
+    lastFocus_ = nullptr;
+  }
 }
 
-/// A list that had the focus may be gone by now; then its field gets it.
+/// Where in a field the focus goes is the control's to say: the list that had it is closed by now.
 void HostForm::giveFocusBack() {
-  if (lastFocus_ && IsChild(window_, lastFocus_) && IsWindowVisible(lastFocus_)) {
+  if (lastFocus_ && IsChild(window_, lastFocus_)) {
     SetFocus(lastFocus_);
     return;
   }

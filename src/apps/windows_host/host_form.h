@@ -85,7 +85,7 @@ class HostForm {
   ComPtr<_RWKeyscoutController> controller_;
   ComPtr<ITypeInfo> events_;  // of the controls
   std::array<Field, 2> fields_;
-  // Where the focus was when the user went to another window.
+  // Where the focus was when the user went to another window; null for a field.
   HWND lastFocus_ = nullptr;
   std::size_t lastField_ = 0;
 };
