@@ -152,6 +152,7 @@ class keyscoutControl : private LookupClient {
   ControlFields fields_;
   LookupEngine lookup_;
   DropDownList* list_ = nullptr;  // owned by the surface
+  bool wantsList_ = false;        // while the text box has the focus
 
   SurfaceForwarder surfaceForwarder_{*this};
   TextBoxForwarder textBoxForwarder_{*this};

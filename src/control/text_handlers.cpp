@@ -27,6 +27,8 @@ void keyscoutControl::lookUpText() {
   // object: after a failure the flag holds until the list is closed.
   fields_.suppressAccept = True;
   String text = textBox_.text();
+  // A list that could not be made when the focus came is made when it is needed.
+  if (wantsList_) contained(u"keyscoutText_Change", [&] { createList(); });
   if (text.empty()) {
     lookup_.clearEndOfCatalogReached();
     hideList();
@@ -116,11 +118,13 @@ void keyscoutControl::keyscoutText_MouseUp(std::int16_t& Button, std::int16_t& S
 }
 
 void keyscoutControl::keyscoutText_GotFocus() {
+  wantsList_ = true;
   contained(u"keyscoutText_GotFocus", [&] { createList(); });
   fields_.suppressAccept = False;
 }
 
 void keyscoutControl::keyscoutText_LostFocus() {
+  wantsList_ = false;
   // With the list dropped down the focus moves into it, and the list stays.
   if (!fields_.isListShowing) contained(u"keyscoutText_LostFocus", [&] { removeList(); });
   fields_.suppressAccept = False;

@@ -1,6 +1,6 @@
 #include "platform/focus_tracker.h"
 
-#include <utility>
+#include <array>
 
 namespace keyscout {
 
@@ -33,23 +33,28 @@ void FocusTracker::leave() { change({}); }
 void FocusTracker::change(Focus next) {
   if (next == focus_) return;
   const Hold hold{*this};
-  const Focus previous = std::exchange(focus_, next);
+  const Focus previous = focus_;
   const bool leaves = previous.control != next.control;
 
+  std::array<Report, 3> reports{};
+  std::size_t count = 0;
   if (previous.control && previous.place == FocusPlace::textBox)
-    waiting_.push_back({previous.control, &FocusObserver::textBoxLostFocus});
+    reports[count++] = {previous.control, &FocusObserver::textBoxLostFocus};
   if (previous.control && previous.place == FocusPlace::surface)
-    waiting_.push_back({previous.control, &FocusObserver::surfaceLostFocus});
-  if (previous.control && leaves) waiting_.push_back({previous.control, &FocusObserver::focusLeft});
+    reports[count++] = {previous.control, &FocusObserver::surfaceLostFocus};
+  if (previous.control && leaves) reports[count++] = {previous.control, &FocusObserver::focusLeft};
   if (next.control && next.place == FocusPlace::textBox)
-    waiting_.push_back({next.control, &FocusObserver::textBoxGotFocus});
+    reports[count++] = {next.control, &FocusObserver::textBoxGotFocus};
+  // All of them or, where memory does not allow that, none and no move: the move can be told again.
+  waiting_.insert(waiting_.end(), reports.data(), reports.data() + count);
+  focus_ = next;
 }
 
 void FocusTracker::listRemoved(FocusObserver& control) {
   if (!has(control, FocusPlace::list)) return;
   const Hold hold{*this};
-  focus_ = {};
   waiting_.push_back({&control, &FocusObserver::focusLeft});
+  focus_ = {};
 }
 
 void FocusTracker::forget(FocusObserver& control) {

@@ -128,6 +128,27 @@ TEST_P(Faults, EveryCallMayFail) {
     EXPECT_GT(failures[operation], 0) << operation << " never failed";
 }
 
+TEST(FaultOfTheList, AListThatCouldNotBeMadeIsMadeWhenItIsNeeded) {
+  struct RefusedLists final : CallHook {
+    int left = 2;
+    void onCall(std::string_view operation) override {
+      if (operation == "addDropDownList" && left-- > 0)
+        throw platformFailure(PlatformError::outOfMemory, u"test");
+    }
+  } refused;
+  const DataDirectory directory{{series("A", 12)}};
+  Stage stage{&refused};
+  const auto control = stage.addControl();
+  stage.start(directory);
+  stage.focus(*control);
+  stage.type(u"a");
+  EXPECT_FALSE(control->isDropped());
+  EXPECT_EQ(stage.controller.KeyscoutLocked(), False);
+  stage.type(u"0");
+  EXPECT_TRUE(control->isDropped());
+  EXPECT_EQ(control->entries().size(), 9U);
+}
+
 INSTANTIATE_TEST_SUITE_P(Component, Faults, testing::Bool(), [](const auto& parameter) {
   return parameter.param ? "FromThenOn" : "Once";
 });
