@@ -51,7 +51,10 @@ TEST(Variant, ConvertsToANumberOrMismatches) {
                         {String{u"red"}, 0, false},
                         {String{u""}, 0, false},
                         {std::monostate{}, 0, false},
-                        {3e9, 0, false},
+                        {2147483647.4, 2147483647, true},
+                        {2147483647.6, 0, false},
+                        {-2147483648.4, std::numeric_limits<std::int32_t>::min(), true},
+                        {-2147483648.6, 0, false},
                         {String{u"nan"}, 0, false},
                         {String{u"12 monkeys"}, 0, false}};
   for (const Case& c : cases)

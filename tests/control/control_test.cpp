@@ -110,16 +110,18 @@ TEST_F(Control, MovesBetweenTextAndListByKeys) {
   }
 }
 
-TEST_F(Control, KnowsWhetherEscapeClosedTheList) {
+TEST_F(Control, GoesOnAfterEscapeInTheList) {
+  // Whether Escape closes the list is the toolkit's own affair; the next character opens it again.
   stage.type(u"a");
-  press({{KeyCodes::down, 0}});
-  control->events.take();
-  press({{KeyCodes::escape, 0}});
-  EXPECT_EQ(control->isDropped(), static_cast<bool>(control->control.isListShowing()));
-  EXPECT_EQ(control->selected(), 0);
-  EXPECT_EQ(focus(), "list");
+  press({{KeyCodes::down, 0}, {KeyCodes::escape, 0}});
   EXPECT_EQ(control->text(), "a");
-  EXPECT_EQ(control->events.take(), Strings{});
+  stage.type(u"0");
+  EXPECT_EQ(control->text(), "a0");
+  EXPECT_EQ(focus(), "text");
+  EXPECT_TRUE(control->isDropped());
+  EXPECT_TRUE(control->control.isListShowing());
+  press({{KeyCodes::down, 0}, {KeyCodes::down, 0}, {KeyCodes::enter, 0}});
+  EXPECT_EQ(control->text(), "A001");
 }
 
 TEST_F(Control, AcceptsFromTheListAndByClick) {
@@ -171,6 +173,15 @@ TEST_F(Control, ExtendsTheListAtItsLastEntry) {
   EXPECT_EQ(control->entries().size(), 15U);
   EXPECT_TRUE(control->control.lookupFields().endOfCatalogReached);
   EXPECT_EQ(focus(), "list");
+  // The last number of a full page at the end of the catalog: nothing is left to be read for.
+  press({{KeyCodes::pageDown, 0}});
+  ASSERT_EQ(control->selected(), 14);
+  stage.takeTrace();
+  press({{KeyCodes::down, 0}});
+  const Strings trace = stage.takeTrace();
+  EXPECT_NE(std::ranges::find(trace, "> scrollDownKeyscoutWithBrand"), trace.end());
+  EXPECT_EQ(std::ranges::find(trace, "> loadKeyscoutCombo"), trace.end());
+  EXPECT_EQ(control->entries().size(), 15U);
 }
 
 TEST_F(Control, LeavesFillerLinesAlone) {
@@ -355,6 +366,52 @@ TEST_F(Control, RemovesAClosedListThatGetsTheFocus) {
   EXPECT_EQ(control->text(), "a");
 }
 
+TEST_F(Control, SuppressesAcceptingWhileKeysWalk) {
+  const auto suppressed = [&] { return static_cast<bool>(fields().suppressAccept); };
+  stage.form->paste(u"a");
+  EXPECT_FALSE(suppressed()) << "released after a lookup";
+  stage.type(u"0");
+  EXPECT_TRUE(suppressed()) << "a key came up in the text";
+  stage.form->keyDown(KeyCodes::down, 0);
+  EXPECT_FALSE(suppressed()) << "the text lost the focus to the list";
+  EXPECT_EQ(control->text(), "a0") << "selecting the first entry accepted nothing";
+  for (const std::int16_t key :
+       {KeyCodes::pageDown, KeyCodes::pageUp, KeyCodes::down, KeyCodes::up}) {
+    stage.form->keyUp(key, 0);
+    EXPECT_FALSE(suppressed());
+    if (key == KeyCodes::up) stage.press(KeyCodes::down);  // Up on the first entry would leave
+    stage.form->keyDown(key, 0);
+    EXPECT_TRUE(suppressed()) << key;
+    EXPECT_EQ(control->text(), "a0") << key;
+  }
+  stage.form->keyUp(KeyCodes::up, 0);
+  stage.form->keyDown(KeyCodes::down, Modifier::shift);
+  EXPECT_FALSE(suppressed()) << "with a modifier it walks nowhere";
+
+  stage.focus(*control);
+  stage.press(KeyCodes::end);
+  EXPECT_TRUE(suppressed());
+  stage.form->leaveFocus();
+  EXPECT_FALSE(suppressed()) << "lost";
+  stage.focus(*control);
+  stage.type(u"0");
+  ASSERT_TRUE(suppressed());
+  const auto other = stage.addControl();
+  stage.focus(*other);
+  stage.focus(*control);
+  EXPECT_FALSE(suppressed()) << "gained";
+}
+
+TEST_F(Control, AcceptsByEnterAlsoAfterAKeyCameUpInTheText) {
+  stage.type(u"a");
+  press({{KeyCodes::down, 0}, {KeyCodes::down, 0}});
+  stage.focus(*control);
+  stage.press(KeyCodes::end);
+  ASSERT_TRUE(fields().suppressAccept);
+  press({{KeyCodes::enter, 0}});
+  EXPECT_EQ(control->text(), "A001");
+}
+
 TEST_F(Control, ForwardsTheMouse) {
   // The middle button, since the left one may make a click of its release.
   constexpr std::int16_t middle = 4;
@@ -373,7 +430,9 @@ TEST_F(Control, ForwardsTheMouse) {
                                                         {MouseReport::doubleClick, "DblClick"}};
   for (const auto& [report, event] : clicks) {
     control->surface->mouse(report, 1, 0, 5, 7);
-    EXPECT_EQ(control->events.take().back(), event);
+    const Strings events = control->events.take();
+    ASSERT_FALSE(events.empty()) << event;
+    EXPECT_EQ(events.back(), event);
   }
 }
 
@@ -395,6 +454,8 @@ TEST_F(Control, HasProperties) {
   c.setForeColor(String{u"255"});
   EXPECT_EQ(std::get<std::int32_t>(c.ForeColor()), 255);
   EXPECT_EQ(errorOf([&] { c.setBackColor(String{u"red"}); }), 13);
+  c.setBackColor(std::int32_t{0x123456});
+  EXPECT_EQ(std::get<std::int32_t>(c.BackColor()), 0x123456);
   c.setFontBold(Boolean::stored(5));
   EXPECT_EQ(c.FontBold().number(), 5);
   c.setTheToolTipText(u"tip");
@@ -403,7 +464,9 @@ TEST_F(Control, HasProperties) {
   c.setLocked(True);
   stage.type(u"a");
   EXPECT_EQ(control->text(), "");
+  EXPECT_TRUE(c.Locked());
   c.setLocked(False);
+  EXPECT_FALSE(c.Locked());
   c.setEnabled(False);
   EXPECT_FALSE(c.Enabled());
   control->surface->resize(250);

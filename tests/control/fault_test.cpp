@@ -56,6 +56,7 @@ class Faults : public testing::TestWithParam<bool> {
     stage.press(KeyCodes::up);
     stage.press(KeyCodes::enter);
     stage.form->paste(u"b");
+    hostCalls([&] { control.control.setSelLength(1); });
     stage.press(KeyCodes::backspace);
     hostCalls([&] { control.control.doit(); });
     hostCalls([&] { control.control.setText(u""); });
@@ -66,6 +67,7 @@ class Faults : public testing::TestWithParam<bool> {
     stage.focus(control);
     control.control.lockKeyscout();
     hostCalls([&] { return stage.controller.tryToUnlock(); });
+    hostCalls([&] { stage.controller.needToUpdate(1); });
     stage.type(u"1");
     stage.form->leaveFocus();
   }
@@ -122,9 +124,10 @@ TEST_P(Faults, EveryCallMayFail) {
     if (testing::Test::HasFailure()) break;
   }
   for (const std::string operation :
-       {"openFile", "readLine", "enterProcedure", "exitProcedure", "append", "clear", "setRedraw",
-        "showDropDown", "setText", "setFocus", "select", "entryText", "addDropDownList",
-        "removeChild"})
+       {"openFile",      "readLine",     "fileExists",  "lastModified",    "enterProcedure",
+        "exitProcedure", "append",       "removeFirst", "clear",           "entryCount",
+        "setRedraw",     "showDropDown", "setText",     "setSelStart",     "setSelLength",
+        "setFocus",      "select",       "entryText",   "addDropDownList", "removeChild"})
     EXPECT_GT(failures[operation], 0) << operation << " never failed";
 }
 

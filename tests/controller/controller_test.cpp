@@ -111,6 +111,95 @@ TEST_F(Controller, LoadsIndexAndBrands) {
   EXPECT_EQ(shared().brandLookup->count(), 1U);
 }
 
+TEST_F(Controller, KeepsForTheHostWhatItSets) {
+  RWKeyscoutController other{stage.platform};
+  controller.setUpdateURL(u"url");
+  controller.setUpdateURLFile(u"file");
+  controller.setUpdaterExe(u"exe");
+  EXPECT_EQ(other.updateURL(), u"url");
+  EXPECT_EQ(other.updateURLFile(), u"file");
+  EXPECT_EQ(other.updaterExe(), u"exe");
+  EXPECT_EQ(other.KeyscoutIndexFile(), u"catindex.txt");
+  EXPECT_EQ(other.CatalogNumbersDownloadFile(), u"download.txt");
+  const auto brands = std::make_shared<LocalBrandList>();
+  controller.setAuthorizedBrands(brands);
+  EXPECT_EQ(other.authorizedBrands(), brands);
+  using Getter = Boolean (RWKeyscoutController::*)() const;
+  using Setter = void (RWKeyscoutController::*)(Boolean);
+  const std::pair<Getter, Setter> flags[] = {
+      {&RWKeyscoutController::hasdataIntegrity, &RWKeyscoutController::setHasdataIntegrity},
+      {&RWKeyscoutController::isInitialized, &RWKeyscoutController::setIsInitialized},
+      {&RWKeyscoutController::isKeyscoutAuthenticated,
+       &RWKeyscoutController::setIsKeyscoutAuthenticated},
+      {&RWKeyscoutController::KeyscoutEnabled, &RWKeyscoutController::setKeyscoutEnabled},
+      {&RWKeyscoutController::KeyscoutLocked, &RWKeyscoutController::setKeyscoutLocked}};
+  for (const auto& [get, set] : flags) {
+    EXPECT_FALSE((other.*get)());
+    (controller.*set)(Boolean::stored(5));
+    EXPECT_EQ((other.*get)().number(), 5);
+    (controller.*set)(False);
+  }
+
+  RWKeyscoutCatalogData record;
+  record.setCatalogNumber(u"A-1");
+  record.setCatalogBrand(u"ACME");
+  record.setCatalogIndex(-7);
+  EXPECT_EQ(record.CatalogNumber(), u"A-1");
+  EXPECT_EQ(record.CatalogBrand(), u"ACME");
+  EXPECT_EQ(record.CatalogIndex(), -7);
+}
+
+TEST_F(Controller, GoesOnWithoutTheRestOfABrandFileThatStaysUnreadable) {
+  struct Hook final : CallHook {
+    void onCall(std::string_view operation) override {
+      if (operation != "readLine") return;
+      ++line;
+      if (line >= firstBad && line <= lastBad)
+        throw platformFailure(PlatformError::fileAccess, u"test");
+    }
+    int line = 0, firstBad = 0, lastBad = 0;
+  } hook;
+  directory.writeLines("brandinfo.txt", {"ACME", "BOLT", "CIRA"});
+  struct Case {
+    int firstBad, lastBad;  // lines, of which the index has two
+    Strings brands;
+    std::string lastOfTrace;
+  };
+  const Case cases[] = {{4, 9999, {"ACME"}, "< initialize"},
+                        {4, 4, {"ACME", "BOLT", "CIRA"}, "< initialize"},
+                        {3, 3, {}, "! initialize 75"}};
+  for (const Case& c : cases) {
+    Stage failing{&hook};
+    failing.configure(directory);
+    hook.line = 0;
+    hook.firstBad = c.firstBad;
+    hook.lastBad = c.lastBad;
+    failing.controller.initialize();
+    Strings brands;
+    for (const auto& entry : *shared().brandLookup) brands.push_back(toUtf8(*entry.key));
+    EXPECT_EQ(brands, c.brands);
+    EXPECT_EQ(static_cast<bool>(failing.controller.isInitialized()), !brands.empty());
+    EXPECT_EQ(failing.takeTrace().back(), c.lastOfTrace);
+    EXPECT_LT(hook.line, 1000) << "it gives up at last";
+  }
+}
+
+TEST_F(Controller, LeavesSettingsAndServicesToTheNextHostOfTheThread) {
+  controller.resetLastTableNumber();
+  stage.takeTrace();
+  const auto ownTrace = std::make_shared<CollectingTrace>();
+  {
+    LocalLibrary nextLibrary{ownTrace};
+    Platform platform{stage.nativeFiles, stage.clock, windows1252(),
+                      stage.textRules,   stage.box,   nextLibrary};
+    RWKeyscoutController next{platform};
+    EXPECT_EQ(next.KeyscoutIndexFile(), u"catindex.txt");
+    next.resetLastTableNumber();
+  }
+  EXPECT_EQ(ownTrace->calls().size(), 0U);
+  EXPECT_EQ(stage.takeTrace(), (Strings{"> resetLastTableNumber", "< resetLastTableNumber"}));
+}
+
 TEST_F(Controller, LoadsAtMost1001Tables) {
   for (const std::size_t lines : {1001UL, 1002UL}) {
     controller.setIsInitialized(False);
@@ -201,9 +290,14 @@ TEST_F(Controller, TellsTheAgeOfTheIndexToTheSecond) {
     std::int16_t days;
     bool old;
   };
-  const Case cases[] = {
-      {days{7}, 7, false},   {days{7} + seconds{1}, 7, true}, {days{7} + hours{12}, 7, true},
-      {days{400}, 0, false}, {days{400}, -1, false},          {-days{1}, 1, false}};
+  const Case cases[] = {{days{7}, 7, false},
+                        {days{7} + seconds{1}, 7, true},
+                        {days{7} + hours{12}, 7, true},
+                        {days{1}, 1, false},
+                        {days{1} + seconds{1}, 1, true},
+                        {days{400}, 0, false},
+                        {days{400}, -1, false},
+                        {-days{1}, 1, false}};
   for (const Case& c : cases) {
     stage.clock.time = written + c.age;
     const auto ask = [&] { controller.needToUpdate(c.days); };
@@ -218,6 +312,7 @@ TEST_F(Controller, TellsTheAgeOfTheIndexToTheSecond) {
   EXPECT_EQ(errorOf([&] { controller.needToUpdate(0); }), 53);
   ASSERT_EQ(stage.trace->calls().size(), 1U);
   EXPECT_EQ(stage.trace->calls()[0].className, u"keyscoutModule");
+  EXPECT_EQ(stage.takeTrace(), Strings{"! needToUpdate 53"});
 }
 
 TEST_F(Controller, StartsUp) {

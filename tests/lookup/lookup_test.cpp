@@ -153,6 +153,7 @@ TEST_F(Lookup, AdmitsByBrandAuthorizationAndOnce) {
     enter(u"");
     enter(u"A");
     EXPECT_EQ(control->entries(), filled(c.expected)) << toUtf8(c.brand);
+    EXPECT_EQ(fields().catalogEntries.count(), c.expected.size()) << toUtf8(c.brand);
   }
 }
 
@@ -180,6 +181,7 @@ TEST(LookupThatIsRefused, ClosesTheListBeforeOrAfterItIsCalledUnloaded) {
     std::string name;
     std::function<void(Stage&, StagedControl&, std::function<void()>&)> act;
     bool loadedAtClosing;
+    std::string exit;
   };
   const auto toLastEntry = [](Stage& stage) {
     for (const std::int16_t key : {KeyCodes::down, KeyCodes::pageDown, KeyCodes::pageDown})
@@ -193,27 +195,27 @@ TEST(LookupThatIsRefused, ClosesTheListBeforeOrAfterItIsCalledUnloaded) {
          whenDrawingStops = [&] { control.surface->textBox().setText(u""); };
          stage.form->paste(u"b");
        },
-       false},
+       false, "< keyInKeyscout"},
       {"typing with a brand that is not known",
        [](Stage& stage, StagedControl& control, std::function<void()>&) {
          control.control.setBrand(u"NOBODY");
          stage.type(u"2");
        },
-       true},
+       true, "< keyInKeyscout"},
       {"scrolling, and the text is empty",
        [&](Stage& stage, StagedControl& control, std::function<void()>&) {
          toLastEntry(stage);
          control.control.setText(u"");
          stage.press(KeyCodes::down);
        },
-       true},
+       true, "< scrollDownKeyscoutWithBrand"},
       {"scrolling with a brand that is not known",
        [&](Stage& stage, StagedControl& control, std::function<void()>&) {
          toLastEntry(stage);
          control.control.setBrand(u"NOBODY");
          stage.press(KeyCodes::down);
        },
-       true},
+       true, "< keyInKeyscout"},
   };
   for (const Case& c : cases) {
     struct Hook final : CallHook {
@@ -231,7 +233,15 @@ TEST(LookupThatIsRefused, ClosesTheListBeforeOrAfterItIsCalledUnloaded) {
     stage.focus(*control);
     stage.type(u"a");
     hook.control = &control->control;
+    stage.takeTrace();
     c.act(stage, *control, hook.whenDrawingStops);
+    Strings exits = stage.takeTrace();
+    std::erase_if(exits, [](const std::string& line) {
+      return line != "< keyInKeyscout" && line != "< scrollDownKeyscoutWithBrand";
+    });
+    ASSERT_FALSE(exits.empty()) << c.name;
+    EXPECT_EQ(exits.back(), c.exit) << c.name;
+    EXPECT_TRUE(control->surface->listView()->redraws) << c.name;
     EXPECT_EQ(static_cast<bool>(hook.loaded), c.loadedAtClosing) << c.name;
     EXPECT_FALSE(control->control.lookupFields().listLoaded) << c.name;
     EXPECT_FALSE(control->isDropped()) << c.name;
@@ -351,6 +361,7 @@ TEST_F(Lookup, AnswersEveryBadTableWithLockMessageAndUpdate) {
               "Keyscout has been disabled.  You can continue to work while Keyscout is updated.\r\n"
               "\r\nWould you like to update Keyscout now?");
     EXPECT_EQ(stage.box.lastStyle, 68);
+    EXPECT_EQ(stage.box.lastTitle, u"Keyscout");
     EXPECT_EQ(control->events.take(), (Strings{"needBrand", "UpdateKeyscout", "Change"})) << c.name;
 
     stage.type(u"0");
@@ -360,11 +371,34 @@ TEST_F(Lookup, AnswersEveryBadTableWithLockMessageAndUpdate) {
   }
 }
 
-TEST_F(Lookup, LinesOfExactly70CharactersHaveNoBrand) {
-  open({{{"A000", ""}, {"A001", "ACME"}}});
-  enter(u"A");
-  EXPECT_EQ(control->entries(), filled({"A000", "A001"}));
-  EXPECT_EQ(fields().catalogEntries.item(u"A000").CatalogBrand(), u"");
+TEST_F(Lookup, GoesOnInFurtherTablesUnderAFilter) {
+  open({{{"A1", "BOLT"}, {"A2", "BOLT"}},
+        {{"B1", "ACME"}, {"B2", "BOLT"}, {"B3", "ACME"}},
+        {{"C1", "BOLT"}, {"C2", "ACME"}}});
+  control->control.setBrand(u"ACME");
+  enter(u"a2");
+  EXPECT_EQ(control->entries(), filled({"B1", "B3", "C2"}));
+}
+
+TEST_F(Lookup, TellsLongNumbersApartByTheirEnds) {
+  // Numbers with 5 to 59 characters in common, as makers with long names for their series have.
+  const std::string letters = "SERIES-1234567890/ABCDEFGHIJKLMNOPQRSTUVWXYZ.1234567890-ABCDE";
+  for (const std::size_t common : {5UL, 6UL, 7UL, 8UL, 9UL, 15UL, 16UL, 17UL, 57UL}) {
+    const std::string start = letters.substr(0, common);
+    open({series(start, 40)});
+    struct Case {
+      std::string text, first;
+    };
+    const Case cases[] = {{start, "000"},        {start + "0", "000"},    {start + "003", "003"},
+                          {start + "02", "020"}, {start + "0195", "020"}, {start + "019", "019"}};
+    for (const Case& c : cases) {
+      enter(u"");
+      enter(fromUtf8(c.text));
+      ASSERT_EQ(control->entries().size(), 9U) << c.text;
+      EXPECT_EQ(control->entries().front(), start + c.first) << c.text;
+    }
+    control.reset();
+  }
 }
 
 TEST_F(Lookup, NeverHoldsMoreThan999Entries) {
@@ -379,6 +413,13 @@ TEST_F(Lookup, NeverHoldsMoreThan999Entries) {
       stage.press(key);
   EXPECT_EQ(control->entries().size(), 999U);
   EXPECT_EQ(control->selected(), 998);
+  // Down on the 999th entry still asks for more, and not a line is read for it.
+  directory->write("0.txt", "too short a line");
+  stage.takeTrace();
+  stage.press(KeyCodes::down);
+  const Strings trace = stage.takeTrace();
+  EXPECT_NE(std::ranges::find(trace, "< loadKeyscoutCombo"), trace.end());
+  EXPECT_EQ(control->entries().size(), 999U);
   EXPECT_FALSE(stage.controller.KeyscoutLocked());
 }
 

@@ -10,7 +10,9 @@ TEST(PortableTextRules, OrderByTheUpperCaseForms) {
   EXPECT_EQ(rules.compareIgnoringCase(u"ab", u"AB"), 0);
   EXPECT_LT(rules.compareIgnoringCase(u"a-", u"AB"), 0);
   EXPECT_GT(rules.compareIgnoringCase(u"abc", u"AB"), 0);
+  EXPECT_LT(rules.compareIgnoringCase(u"AB", u"abc"), 0);
   EXPECT_GT(rules.compareIgnoringCase(u"_", u"a"), 0);
+  EXPECT_EQ(rules.upperCase(u"ab-\u00E9"), u"AB-\u00C9");
 }
 
 }  // namespace

@@ -75,6 +75,10 @@ TEST_F(Pack, AcceptsWhatIsJustWithinTheLimits) {
            "        \r\n" + padded("-2147483648", 11).substr(0, 10) + padded("A", 60) + "\n" +
            padded("+5", 10) + padded("B\xA0-C", 60) + "\n" + record(9, "\xB5\x83") + "\n");
   EXPECT_EQ(summary.records, 4U);
+  EXPECT_EQ(fileOf("0.txt"), padded("-214748364", 10) + padded("A", 60) + "\r\n" +
+                                 padded("+5", 10) + padded("B\xA0-C", 60) + "\r\n" + "2147483647" +
+                                 std::string(60, 'N') + std::string(50, 'B') + "\r\n" +
+                                 record(9, "\xB5\x83") + "\r\n");
   EXPECT_EQ(fileOf("catcontrol.txt"), "READY\r\n");
 }
 
