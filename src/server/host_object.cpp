@@ -2,16 +2,11 @@
 
 #include <dispex.h>
 
-#include <atomic>
-
 #include "base/error.h"
 #include "platform/win32/wide.h"
 
 namespace keyscout {
 namespace {
-
-// The loader ends one thread at a time.
-std::atomic<DWORD> endingThread{0};
 
 /// What a host's object failed with. A platform number comes as the result that stands for it.
 Error errorOf(HRESULT result, EXCEPINFO& exception) {
@@ -29,28 +24,28 @@ Error errorOf(HRESULT result, EXCEPINFO& exception) {
 
 }  // namespace
 
-HostObject::~HostObject() {
-  if (endingThread == GetCurrentThreadId()) object_.detach();
+ComPtr<IDispatch> HostObject::required() const {
+  if (!get()) throw platformFailure(PlatformError::objectNotSet, name_);
+  return get();
 }
-
-void HostObject::abandonReferences() noexcept { endingThread = GetCurrentThreadId(); }
 
 /// Looked for the extended way first: objects of a script's own classes answer only to that on some
 /// systems.
 DISPID HostObject::member(StringView name) const {
   DISPID id = 0;
   const Bstr text{name};
-  const auto extended = ComPtr<IDispatchEx>::from(object_.get());
+  const ComPtr<IDispatch> object = required();
+  const auto extended = ComPtr<IDispatchEx>::from(object.get());
   if (extended && SUCCEEDED(extended->GetDispID(text.get(), fdexNameCaseInsensitive, &id)))
     return id;
   LPOLESTR names = text.get();
-  if (FAILED(object_->GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &id)))
+  if (FAILED(object->GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &id)))
     throw platformFailure(PlatformError::typeMismatch, name_);
   return id;
 }
 
 bool HostObject::read(DISPID id, VARIANT* argument, VARIANT& result) const {
-  const ComPtr<IDispatch> object = object_;
+  const ComPtr<IDispatch> object = required();
   DISPPARAMS arguments{argument, nullptr, argument ? 1u : 0u, 0};
   return SUCCEEDED(object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT,
                                   DISPATCH_METHOD | DISPATCH_PROPERTYGET, &arguments, &result,
@@ -58,7 +53,7 @@ bool HostObject::read(DISPID id, VARIANT* argument, VARIANT& result) const {
 }
 
 void HostObject::call(DISPID id, std::span<VARIANT> arguments) const {
-  const ComPtr<IDispatch> object = object_;
+  const ComPtr<IDispatch> object = required();
   DISPPARAMS given{arguments.data(), nullptr, static_cast<UINT>(arguments.size()), 0};
   EXCEPINFO exception{};
   const HRESULT result = object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &given,

@@ -8,7 +8,7 @@
 #include <span>
 
 #include "base/text.h"
-#include "server/com/com_ptr.h"
+#include "server/com/apartment_reference.h"
 #include "server/com/values.h"
 
 namespace keyscout {
@@ -18,12 +18,12 @@ namespace keyscout {
 class HostObject {
  public:
   /// `name` is the source of the failures of `member`; a literal.
-  HostObject(ComPtr<IDispatch> object, StringView name) : object_(std::move(object)), name_(name) {}
-  ~HostObject();
-  HostObject(const HostObject&) = delete;
-  HostObject& operator=(const HostObject&) = delete;
+  HostObject(ComPtr<IDispatch> object, StringView name)
+      : reference_(std::move(object)), name_(name) {}
 
-  const ComPtr<IDispatch>& get() const { return object_; }
+  /// Null once COM has ended on the thread. From then on no member can be called, so that of a list
+  /// of brands none is authorized, rather than all.
+  const ComPtr<IDispatch>& get() const { return reference_.object(); }
 
   /// The number of a member. Fails with type mismatch (13) where there is none.
   DISPID member(StringView name) const;
@@ -33,12 +33,11 @@ class HostObject {
   /// number, source and sentence that the host fails with.
   void call(DISPID id, std::span<VARIANT> arguments) const;
 
-  /// Called when the library goes, or a thread that may have no COM any more: from now on the
-  /// calling thread gives no references back, since what they refer to may be gone already.
-  static void abandonReferences() noexcept;
-
  private:
-  ComPtr<IDispatch> object_;
+  /// Fails with object not set (91) where the object is gone.
+  ComPtr<IDispatch> required() const;
+
+  ApartmentReference reference_;
   StringView name_;
 };
 

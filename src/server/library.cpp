@@ -6,10 +6,11 @@
 #include "platform/win32/thread_slot.h"
 #include "platform/win32/win32_surface.h"
 #include "server/brand_objects.h"
+#include "server/com/apartment_reference.h"
 #include "server/com/class_factory.h"
+#include "server/com/failing_without_memory.h"
 #include "server/control/control_object.h"
 #include "server/controller_object.h"
-#include "server/host_object.h"
 #include "server/registration.h"
 #include "server/services_object.h"
 
@@ -34,12 +35,6 @@ const ServedClass servedClasses[] = {
     {CLSID_HostServices, newFactory<ServicesObject>},
 };
 
-/// Objects that the thread's state refers to may be gone with the thread's COM by now.
-void endThread() noexcept {
-  HostObject::abandonReferences();
-  freeThreadSlot();
-}
-
 }  // namespace
 }  // namespace keyscout
 
@@ -49,11 +44,14 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD, LPVOID);  // no header of the s
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, LPVOID processEnds) {
   switch (reason) {
-    case DLL_THREAD_DETACH: endThread(); break;
+    case DLL_THREAD_DETACH: {
+      const ApartmentReference::ThreadEnd ending;
+      freeThreadSlot();
+      break;
+    }
     case DLL_PROCESS_DETACH:
-      if (processEnds) break;  // the system takes everything back
-      endThread();
-      Win32Surface::unregisterClass();
+      // At the end of the process the system takes everything back.
+      if (!processEnds) Win32Surface::unregisterClass();
       break;
     default: break;
   }
@@ -61,6 +59,7 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, LPVOID processEnds) {
 }
 
 STDAPI DllGetClassObject(REFCLSID id, REFIID interfaceId, void** result) {
+  prepareToFail();
   return asComResult(IID_NULL, [&] {
     target(result) = nullptr;
     for (const ServedClass& served : servedClasses) {
@@ -72,6 +71,6 @@ STDAPI DllGetClassObject(REFCLSID id, REFIID interfaceId, void** result) {
   });
 }
 
-STDAPI DllCanUnloadNow() { return ModuleUse::isAny() ? S_FALSE : S_OK; }
+STDAPI DllCanUnloadNow() { return ModuleUse::isAny() || isAnyThreadSlot() ? S_FALSE : S_OK; }
 STDAPI DllRegisterServer() { return registerServer(); }
 STDAPI DllUnregisterServer() { return unregisterServer(); }

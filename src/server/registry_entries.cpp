@@ -27,7 +27,7 @@ struct RegisteredClass {
 const RegisteredClass registeredClasses[] = {
     {CLSID_RWKeyscoutController, L"Keyscout.RWKeyscoutController", L"Keyscout catalog controller",
      false},
-    {CLSID_keyscoutControl, L"Keyscout.keyscoutControl", L"Keyscout catalog number lookup", true},
+    {CLSID_keyscoutControl, L"Keyscout.keyscoutControl", controlTitle, true},
     {CLSID_BrandList, L"Keyscout.BrandList", L"Keyscout list of brands", false},
     {CLSID_BrandItem, L"Keyscout.BrandItem", L"Keyscout brand", false},
     {CLSID_HostServices, L"Keyscout.HostServices", L"Keyscout services of the host", false},

@@ -55,14 +55,44 @@ void setRightToLeft(TestForm& form, bool rightToLeft) {
   tell(form, DISPID_AMBIENT_RIGHTTOLEFT, value);
 }
 
-/// The open list: below the text box and as wide, with all of its nine rows and no scroll bar.
+/// The colours of the pixels of `window` as it is on the screen, row by row.
+class ScreenPicture {
+ public:
+  explicit ScreenPicture(HWND window) : place_(placeOf(window)) {
+    UpdateWindow(window);
+    const WindowContext screen;
+    bitmap_ = CreateCompatibleBitmap(screen, width(), height());
+    before_ = SelectObject(context_, bitmap_);
+    BitBlt(context_, 0, 0, width(), height(), screen, place_.left, place_.top, SRCCOPY);
+  }
+  ~ScreenPicture() {
+    SelectObject(context_, before_);
+    DeleteObject(bitmap_);
+    DeleteDC(context_);
+  }
+  ScreenPicture(const ScreenPicture&) = delete;
+  ScreenPicture& operator=(const ScreenPicture&) = delete;
+
+  COLORREF at(int x, int y) const { return GetPixel(context_, x, y); }
+  int width() const { return place_.right - place_.left; }
+  int height() const { return place_.bottom - place_.top; }
+
+ private:
+  RECT place_;
+  HDC context_ = CreateCompatibleDC(nullptr);
+  HBITMAP bitmap_ = nullptr;
+  HGDIOBJ before_ = nullptr;
+};
+
+/// The open list: below the text box and at least as wide, with all of its nine rows and no scroll
+/// bar.
 void expectWholeList(TestForm& form) {
   ASSERT_TRUE(form.isOpen());
   const RECT box = placeOf(form.edit());
   const HWND list = form.dropDown();
   const RECT place = placeOf(list);
   EXPECT_EQ(place.left, box.left);
-  EXPECT_EQ(place.right, box.right);
+  EXPECT_GE(place.right, box.right);
   EXPECT_EQ(place.top, box.bottom);
   const int line = lineHeightOf(form.edit());
   EXPECT_GE(insideOf(form.edit()).bottom, line) << "the text is not cut";
@@ -98,6 +128,142 @@ TEST(Appearance, TheListIsAsWideAsTheControl) {
     expectWholeList(form);
     EXPECT_EQ(placeOf(form.dropDown()).right - placeOf(form.dropDown()).left, width);
   }
+}
+
+int widthOfText(HWND window, const std::wstring& text) {
+  const WindowContext context{window};
+  const Selected font{context, pointerIn<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0))};
+  SIZE size{};
+  GetTextExtentPoint32W(context, text.c_str(), static_cast<int>(text.size()), &size);
+  return size.cx;
+}
+
+/// Puts one more number of `length` characters into the first table, behind all others.
+void addLongNumber(TestForm& form, std::size_t length) {
+  std::string table;
+  for (const std::string& number : {std::string{"AB-100"}, "AB-1" + std::string(length - 4, 'W')})
+    table += "1         " + number + std::string(60 - number.size(), ' ') + "ACME\r\n";
+  form.folder().write(L"0.txt", table);
+}
+
+TEST(Appearance, TheListIsAsWideAsItsWidestEntryAndStaysOnTheScreen) {
+  const int screen = GetSystemMetrics(SM_CXSCREEN);
+  for (const bool rightToLeft : {false, true})
+    for (const int left : {400, screen - 130}) {
+      SCOPED_TRACE(testing::Message() << rightToLeft << left);
+      TestForm form;
+      addLongNumber(form, 40);
+      SetWindowPos(form.window(), nullptr, left, 50, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+      form.site().moveTo({10, 10, 110, 34});
+      setRightToLeft(form, rightToLeft);
+      form.enter();
+      form.type("ab");
+      ASSERT_TRUE(form.isOpen());
+      const RECT box = placeOf(form.edit());
+      const RECT list = placeOf(form.dropDown());
+      const int needed = widthOfText(form.dropDown(), L"AB-1" + std::wstring(36, L'W'));
+      EXPECT_GT(insideOf(form.dropDown()).right, needed);
+      EXPECT_LT(insideOf(form.dropDown()).right, needed + 40);
+      EXPECT_GE(list.left, 0);
+      EXPECT_LE(list.right, screen);
+      if (rightToLeft && box.right - (list.right - list.left) >= 0) {
+        EXPECT_EQ(list.right, box.right);
+      }
+      if (!rightToLeft && left == 400) {
+        EXPECT_EQ(list.left, box.left);
+      }
+      form.type("-100");  // and no wider than the text box without it
+      form.control()->put_text(nullptr);
+      form.type("cd");
+      EXPECT_EQ(placeOf(form.dropDown()).right - placeOf(form.dropDown()).left, 100);
+    }
+}
+
+TEST(Appearance, WhatTheScreenIsTooNarrowForIsCutAtItsEnd) {
+  for (const bool rightToLeft : {false, true}) {
+    SCOPED_TRACE(rightToLeft);
+    TestForm form;
+    addLongNumber(form, 60);
+    setRightToLeft(form, rightToLeft);
+    setFont(form, 40);  // wider than the screen
+    form.enter();
+    form.type("ab");
+    ASSERT_TRUE(form.isOpen());
+    const HWND list = form.dropDown();
+    EXPECT_EQ(placeOf(list).right - placeOf(list).left, GetSystemMetrics(SM_CXSCREEN));
+    form.pump();
+    const ScreenPicture picture{list};
+    // In the upper half of its line an ellipsis is empty, and no part of the number is.
+    const int line = static_cast<int>(SendMessageW(list, LB_GETITEMHEIGHT, 0, 0));
+    const int dots = widthOfText(list, L"...");
+    int emptyColumns = 0;
+    for (int x = picture.width() - 5; x > 0; --x, ++emptyColumns) {
+      bool ink = false;
+      for (int y = line + line / 4; y < line + line / 2; ++y)
+        ink = ink || picture.at(x, y) == GetSysColor(COLOR_WINDOWTEXT);
+      if (ink) break;
+    }
+    EXPECT_GE(emptyColumns, dots / 2) << "an ellipsis";
+  }
+}
+
+TEST(Appearance, DisabledAndReadOnlyFieldsLookSo) {
+  TestForm form;
+  const auto background = [&] {
+    form.pump();
+    const ScreenPicture picture{form.edit()};
+    const COLORREF corner = picture.at(4, 3);  // above the line
+    EXPECT_EQ(picture.at(picture.width() - 8, picture.height() / 2), corner);
+    EXPECT_EQ(picture.at(4, picture.height() - 4), corner);
+    return corner;
+  };
+  const COLORREF window = GetSysColor(COLOR_WINDOW);
+  const COLORREF face = GetSysColor(COLOR_BTNFACE);
+  ASSERT_NE(window, face);
+  EXPECT_EQ(background(), window);
+  form.control()->put_Locked(VARIANT_TRUE);
+  EXPECT_EQ(background(), face);
+  form.control()->put_Locked(VARIANT_FALSE);
+  EXPECT_EQ(background(), window);
+  form.control()->put_Enabled(VARIANT_FALSE);
+  EXPECT_EQ(background(), face);
+  VARIANT yellow{};
+  yellow.vt = VT_I4;
+  yellow.lVal = RGB(255, 255, 0);
+  form.control()->put_BackColor(yellow);
+  EXPECT_EQ(background(), static_cast<COLORREF>(RGB(255, 255, 0))) << "the host's own";
+}
+
+TEST(Appearance, TheTextStandsInTheMiddleOfItsBox) {
+  for (const int points : {7, 9, 14, 24}) {
+    SCOPED_TRACE(points);
+    TestForm form;
+    setFont(form, points);
+    const HWND edit = form.edit();
+    POINT corner{};
+    ClientToScreen(edit, &corner);
+    const int above = corner.y - placeOf(edit).top;
+    const int below = placeOf(edit).bottom - corner.y - insideOf(edit).bottom;
+    EXPECT_LE(std::abs(above - below), 1);
+    EXPECT_LE(insideOf(edit).bottom - lineHeightOf(edit), 2) << "no room that is on one side only";
+  }
+}
+
+TEST(Appearance, AFormThatCodeMovesTakesTheOpenListAlong) {
+  TestForm form;
+  form.enter();
+  form.type("ab");
+  ASSERT_TRUE(form.isOpen());
+  SetWindowPos(form.window(), nullptr, 200, 300, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+  expectWholeList(form);
+  EXPECT_EQ(GetFocus(), form.edit());
+  form.type("-1");
+  expectWholeList(form);
+  ShowWindow(form.window(), SW_HIDE);
+  EXPECT_FALSE(IsWindowVisible(form.dropDown()));
+  VARIANT_BOOL showing = VARIANT_TRUE;
+  form.control()->get_isListShowing(&showing);
+  EXPECT_FALSE(showing);
 }
 
 TEST(Appearance, DirectionReachesBothWindows) {

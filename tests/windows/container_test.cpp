@@ -38,6 +38,25 @@ TEST(Container, ActivationInPlaceAndByFocus) {
   EXPECT_EQ(object->GetWindow(&window), E_FAIL);
 }
 
+TEST(Container, TheUserTypeNeedsNoRegistry) {
+  const auto control = create<IOleObject>(CLSID_keyscoutControl);
+  HKEY empty = nullptr;
+  ASSERT_EQ(RegCreateKeyW(HKEY_CURRENT_USER, L"Software\\KeyscoutEmpty", &empty), ERROR_SUCCESS);
+  RegOverridePredefKey(HKEY_CLASSES_ROOT, empty);
+  for (const auto& [form, expected] :
+       {std::pair{USERCLASSTYPE_FULL, L"Keyscout catalog number lookup"},
+        std::pair{USERCLASSTYPE_SHORT, L"Keyscout"},
+        std::pair{USERCLASSTYPE_APPNAME, L"Keyscout"}}) {
+    LPOLESTR name = nullptr;
+    EXPECT_EQ(control->GetUserType(static_cast<DWORD>(form), &name), S_OK);
+    EXPECT_STREQ(name, expected);
+    CoTaskMemFree(name);
+  }
+  RegOverridePredefKey(HKEY_CLASSES_ROOT, nullptr);
+  RegCloseKey(empty);
+  RegDeleteKeyW(HKEY_CURRENT_USER, L"Software\\KeyscoutEmpty");
+}
+
 TEST(Container, ARefusalLeavesTheControlInactive) {
   for (const char* call : {"CanInPlaceActivate", "OnInPlaceActivate", "GetWindowContext"}) {
     SCOPED_TRACE(call);

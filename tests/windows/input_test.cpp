@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <bit>
 
+#include "support/message_box_answer.h"
 #include "support/test_form.h"
 
 namespace keyscout {
@@ -101,7 +102,102 @@ TEST(Input, KeysThatCloseTheList) {
     EXPECT_FALSE(showing);
     EXPECT_FALSE(form.dropDown() && IsWindowVisible(form.dropDown()));
     EXPECT_EQ(form.text(), "ab");
+    EXPECT_EQ(GetFocus(), form.edit()) << "no field without a caret";
   }
+}
+
+TEST(Input, WhatIsTypedInTheListGoesOnInTheTextBox) {
+  TestForm form;
+  form.enter();
+  form.type("cd");
+  form.key(VK_DOWN);
+  form.key(VK_DOWN);
+  ASSERT_NE(GetFocus(), form.edit());
+  form.takeEvents();
+  form.type("-1");
+  EXPECT_EQ(form.text(), "cd-1");
+  EXPECT_EQ(GetFocus(), form.edit());
+  EXPECT_TRUE(form.isOpen());
+  EXPECT_EQ(form.takeEvents(), (Events{"needBrand", "Change", "KeyUp 189 0", "KeyDown 49 0",
+                                       "needBrand", "Change", "KeyUp 49 0"}));
+  form.key(VK_DOWN);
+  form.key(VK_BACK);
+  EXPECT_EQ(form.text(), "cd-");
+  EXPECT_EQ(GetFocus(), form.edit());
+  form.type("1");
+  EXPECT_EQ(form.text(), "cd-1");
+}
+
+TEST(Input, DownInAnOpenListWithoutEntriesSelectsNothing) {
+  TestForm form;
+  const MessageBoxAnswer box{IDNO};
+  form.enter();
+  form.type("ab");
+  form.control()->put_selStart(0);
+  form.control()->put_selLength(2);
+  form.type("z");  // beyond the last table
+  ASSERT_TRUE(form.isOpen());
+  ASSERT_EQ(form.entries().size(), 0u);
+  form.takeEvents();
+  form.key(VK_DOWN);
+  EXPECT_EQ(form.takeEvents(), Events{"KeyDown 40 0"});
+  form.key(VK_DOWN);  // in the list
+  VARIANT_BOOL locked = VARIANT_TRUE;
+  form.controller().get_KeyscoutLocked(&locked);
+  EXPECT_FALSE(locked);
+  EXPECT_EQ(box.boxes(), 0);
+  form.type("1");
+  EXPECT_EQ(form.text(), "z1");
+}
+
+TEST(Input, TextThatComesWithoutTheFocusIsNotLookedUp) {
+  TestForm form;
+  const MessageBoxAnswer box{IDNO};
+  SetFocus(form.otherField());
+  form.pump();
+  form.takeEvents();
+  SetWindowTextW(form.edit(), L"ab");
+  EXPECT_EQ(form.takeEvents(), (Events{"needBrand", "Change"}));
+  const wchar_t letter[] = L"c";
+  SendMessageW(form.edit(), EM_REPLACESEL, TRUE, std::bit_cast<LPARAM>(&letter));
+  form.pump();
+  VARIANT_BOOL locked = VARIANT_TRUE;
+  form.controller().get_KeyscoutLocked(&locked);
+  EXPECT_FALSE(locked);
+  EXPECT_EQ(box.boxes(), 0);
+  EXPECT_EQ(GetFocus(), form.otherField());
+  SetWindowTextW(form.edit(), L"a");
+  form.enter();
+  form.key(VK_END);
+  form.type("b");
+  EXPECT_EQ(form.text(), "ab");
+  EXPECT_TRUE(form.isOpen());
+}
+
+TEST(Input, AQuickSecondPressOfAnyOtherButtonIsAPress) {
+  TestForm form;
+  form.enter();
+  SendMessageW(form.edit(), WM_MBUTTONDBLCLK, MK_MBUTTON, MAKELPARAM(20, 5));
+  EXPECT_EQ(form.takeEvents(), Events{"MouseDown 4 0 20 5"});
+  SendMessageW(form.edit(), WM_RBUTTONDBLCLK, MK_RBUTTON, MAKELPARAM(20, 5));
+  EXPECT_EQ(form.takeEvents(), Events{"MouseDown 2 0 20 5"});
+}
+
+TEST(Input, ARightPressOnTheTextBoxClosesTheListAndBringsTheMenu) {
+  TestForm form;
+  form.enter();
+  form.type("ab");
+  ASSERT_TRUE(form.isOpen());
+  form.takeEvents();
+  const MessageBoxAnswer menu{IDNO};
+  const RECT box = placeOf(form.edit());
+  form.click({box.left + 20, box.top + 9}, MOUSEEVENTF_RIGHTDOWN, MOUSEEVENTF_RIGHTUP);
+  EXPECT_FALSE(form.isOpen());
+  EXPECT_EQ(menu.menus(), 1);
+  const Events events = form.takeEvents();
+  ASSERT_EQ(events.size(), 2u);
+  EXPECT_EQ(events[0].substr(0, 13), "MouseDown 2 0");
+  EXPECT_EQ(events[1].substr(0, 11), "MouseUp 2 0");
 }
 
 TEST(Input, AClickOnAnEntryAcceptsIt) {
@@ -120,8 +216,10 @@ TEST(Input, AClickBesideTheListClosesIt) {
   TestForm form;
   form.enter();
   form.type("ab");
+  form.key(VK_DOWN);
   const RECT window = placeOf(form.window());
   form.click({window.right - 20, window.bottom - 20});
+  EXPECT_EQ(GetFocus(), form.edit()) << "no field without a caret";
   VARIANT_BOOL showing = VARIANT_TRUE;
   form.control()->get_isListShowing(&showing);
   EXPECT_FALSE(showing);

@@ -1,7 +1,10 @@
-// Hosts that end a control at any time, and what is left afterwards.
+// Hosts that end a control at any time, and what is left afterwards. A program of its own, since
+// the other tests leave state on the thread that they all run on.
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <bit>
 #include <thread>
 
 #include "support/test_form.h"
@@ -9,12 +12,40 @@
 namespace keyscout {
 namespace {
 
-using CanUnload = HRESULT STDAPICALLTYPE();
+/// The library's file as it is registered.
+std::wstring libraryPath() {
+  wchar_t path[MAX_PATH] = L"";
+  DWORD size = sizeof path;
+  RegGetValueW(HKEY_CLASSES_ROOT, L"CLSID\\{8DC9DEA3-00F1-485C-AB67-39522C69C52F}\\InprocServer32",
+               nullptr, RRF_RT_REG_SZ, nullptr, path, &size);
+  return path;
+}
 
-bool canUnload() {
-  const HMODULE library = GetModuleHandleW(L"keyscout.dll");
-  const FARPROC found = library ? GetProcAddress(library, "DllCanUnloadNow") : nullptr;
-  return found && std::bit_cast<CanUnload*>(found)() == S_OK;
+/// The library, kept loaded while one of these lives.
+class Library {
+ public:
+  Library() : module_(LoadLibraryW(libraryPath().c_str())) {}
+  ~Library() { FreeLibrary(module_); }
+  Library(const Library&) = delete;
+  Library& operator=(const Library&) = delete;
+
+  HMODULE module() const { return module_; }
+  bool canUnload() const {
+    const FARPROC found = GetProcAddress(module_, "DllCanUnloadNow");
+    return found && std::bit_cast<HRESULT(STDAPICALLTYPE*)()>(found)() == S_OK;
+  }
+
+ private:
+  HMODULE module_;
+};
+
+/// Runs `body` on a thread with an apartment of its own, and returns when both have ended.
+void onThread(const std::function<void()>& body) {
+  std::thread{[&] {
+    OleInitialize(nullptr);
+    body();
+    OleUninitialize();
+  }}.join();
 }
 
 int windowsOfThread() {
@@ -78,29 +109,33 @@ const Trigger triggers[] = {
 };
 
 TEST(Lifetime, TheHostMayEndTheControlInsideAnyEvent) {
+  const Library library;
   for (const Ending& ending : endings) {
     for (const Trigger& trigger : triggers) {
       SCOPED_TRACE(std::string{ending.name} + " in " + trigger.event);
-      {
-        TestForm form;
-        form.enter();
-        bool ended = false;
-        form.onEvent = [&](const std::string& name, DISPPARAMS&) {
-          if (ended || name != trigger.event) return;
-          ended = true;
-          ending.end(form);
-        };
-        trigger.act(form);
-        EXPECT_TRUE(ended);
-      }
-      EXPECT_EQ(windowsOfThread(), 0);
-      EXPECT_TRUE(canUnload());
+      onThread([&] {
+        {
+          TestForm form;
+          form.enter();
+          bool ended = false;
+          form.onEvent = [&](const std::string& name, DISPPARAMS&) {
+            if (ended || name != trigger.event) return;
+            ended = true;
+            ending.end(form);
+          };
+          trigger.act(form);
+          EXPECT_TRUE(ended);
+        }
+        EXPECT_EQ(windowsOfThread(), 0);
+      });
+      EXPECT_TRUE(library.canUnload());
     }
   }
 }
 
 TEST(Lifetime, TenThousandObjectsLeaveNothing) {
-  {
+  const Library library;
+  onThread([] {
     // A thread without any other window would set up and take down its keyboard input each time.
     const TestForm form;
     for (int i = 0; i < 10000; ++i) {
@@ -110,19 +145,113 @@ TEST(Lifetime, TenThousandObjectsLeaveNothing) {
       ASSERT_TRUE(controller);
     }
     EXPECT_EQ(windowsOfThread(), 0);
+  });
+  EXPECT_TRUE(library.canUnload());
+}
+
+std::string directory() {
+  BSTR text = nullptr;
+  create<_RWKeyscoutController>(CLSID_RWKeyscoutController)->get_KeyscoutDirectory(&text);
+  return takeText(text);
+}
+
+void setDirectory(const char16_t* path) {
+  Bstr text{path};
+  create<_RWKeyscoutController>(CLSID_RWKeyscoutController)->put_KeyscoutDirectory(text.address());
+}
+
+TEST(Lifetime, TheStateOfAThreadStaysUntilTheThreadEnds) {
+  const Library library;
+  EXPECT_TRUE(library.canUnload());
+  std::thread{[&] {
+    // Also beyond the objects, the question whether the library may go, and COM itself.
+    for (int round = 0; round < 3; ++round) {
+      OleInitialize(nullptr);
+      EXPECT_EQ(directory(), round == 0 ? "" : "C:\\here\\");
+      setDirectory(u"C:\\here\\");
+      EXPECT_FALSE(library.canUnload());
+      CoFreeUnusedLibrariesEx(0, 0);
+      EXPECT_EQ(directory(), "C:\\here\\");
+      onThread([] {
+        EXPECT_EQ(directory(), "") << "another thread has its own";
+        setDirectory(u"C:\\there\\");
+      });
+      EXPECT_EQ(directory(), "C:\\here\\");
+      OleUninitialize();
+    }
+  }}.join();
+  EXPECT_TRUE(library.canUnload());
+}
+
+/// A host's list of brands that notes who still refers to it and calls it.
+class CountedList final : public Object<IDispatch> {
+ public:
+  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID,
+                                          DISPID* ids) override {
+    *ids = std::wstring_view{*names} == L"Count" ? 1 : 2;
+    return S_OK;
   }
-  EXPECT_TRUE(canUnload());
+  HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result,
+                                   EXCEPINFO*, UINT*) override {
+    result->vt = VT_I4;
+    result->lVal = 1;
+    return S_OK;
+  }
+  ULONG STDMETHODCALLTYPE AddRef() override {
+    ++calls;
+    return references = Object::AddRef();
+  }
+  ULONG STDMETHODCALLTYPE Release() override {
+    ++calls;
+    --references;
+    return Object::Release();
+  }
+
+  std::atomic<ULONG> references{1};
+  std::atomic<int> calls{0};
+};
+
+void giveToController(const ComPtr<CountedList>& list) {
+  create<_RWKeyscoutController>(CLSID_RWKeyscoutController)->putref_authorizedBrands(list.get());
+}
+
+ComPtr<IDispatch> listOfController() {
+  ComPtr<IDispatch> list;
+  create<_RWKeyscoutController>(CLSID_RWKeyscoutController)->get_authorizedBrands(list.put());
+  return list;
+}
+
+TEST(Lifetime, TheHostsBrandListGoesBeforeCom) {
+  const auto list = makeObject<CountedList>();
+  int calls = 0;
+  std::thread{[&] {
+    OleInitialize(nullptr);
+    giveToController(list);
+    EXPECT_GT(list->references, 1u) << "the state refers to it without any object";
+    EXPECT_EQ(listOfController().get(), list.get());
+    OleInitialize(nullptr);
+    OleUninitialize();
+    EXPECT_GT(list->references, 1u) << "COM goes on";
+    OleUninitialize();
+    EXPECT_EQ(list->references, 1u);
+    calls = list->calls;
+    OleInitialize(nullptr);
+    EXPECT_FALSE(listOfController());
+    OleUninitialize();
+  }}.join();
+  EXPECT_EQ(list->calls, calls) << "nothing is called once COM has ended";
 }
 
 TEST(Lifetime, AnotherApartmentHasItsOwnState) {
-  const auto here = create<_RWKeyscoutController>(CLSID_RWKeyscoutController);
-  here->put_KeyscoutEnabled(VARIANT_TRUE);
-  HRESULT created = E_FAIL;
-  VARIANT_BOOL enabled = VARIANT_TRUE;
-  std::string text;
-  std::thread{[&] {
-    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-    {
+  onThread([] {
+    const auto here = create<_RWKeyscoutController>(CLSID_RWKeyscoutController);
+    here->put_KeyscoutEnabled(VARIANT_TRUE);
+    HRESULT created = E_FAIL;
+    VARIANT_BOOL enabled = VARIANT_TRUE;
+    std::string text;
+    onThread([&] {
       const auto there = create<_RWKeyscoutController>(CLSID_RWKeyscoutController);
       const auto control = create<_keyscoutControl>(CLSID_keyscoutControl);
       created = there && control ? S_OK : E_FAIL;
@@ -131,16 +260,15 @@ TEST(Lifetime, AnotherApartmentHasItsOwnState) {
       BSTR read = nullptr;
       control->get_text(&read);
       text = takeText(read);
-    }
-    CoUninitialize();
-  }}.join();
-  EXPECT_EQ(created, S_OK);
-  EXPECT_EQ(enabled, VARIANT_FALSE);
-  EXPECT_EQ(text, "over there");
-  here->put_KeyscoutEnabled(VARIANT_FALSE);
+    });
+    EXPECT_EQ(created, S_OK);
+    EXPECT_EQ(enabled, VARIANT_FALSE);
+    EXPECT_EQ(text, "over there");
+  });
 }
 
 TEST(Lifetime, ClassFactoriesLockTheLibrary) {
+  const Library library;
   ComPtr<IClassFactory> factory;
   ASSERT_EQ(CoGetClassObject(CLSID_keyscoutControl, CLSCTX_INPROC_SERVER, nullptr,
                              IID_IClassFactory, std::bit_cast<void**>(factory.put())),
@@ -152,12 +280,24 @@ TEST(Lifetime, ClassFactoriesLockTheLibrary) {
       factory->CreateInstance(factory.get(), IID_IUnknown, std::bit_cast<void**>(object.put())),
       CLASS_E_NOAGGREGATION);
   EXPECT_EQ(factory->CreateInstance(nullptr, IID_IUnknown, nullptr), E_POINTER);
-  EXPECT_FALSE(canUnload());
+  EXPECT_FALSE(library.canUnload());
   factory = nullptr;
-  EXPECT_TRUE(canUnload());
+  EXPECT_TRUE(library.canUnload());
   EXPECT_EQ(CoGetClassObject(CLSID_RWKeyscoutCatalogData, CLSCTX_INPROC_SERVER, nullptr,
                              IID_IClassFactory, std::bit_cast<void**>(factory.put())),
             REGDB_E_CLASSNOTREG);
+}
+
+// Last, since COM does not take back what such a thread leaves.
+TEST(Lifetime, AThreadThatEndsWithoutEndingComCallsNothing) {
+  const auto list = makeObject<CountedList>();
+  int calls = 0;
+  std::thread{[&] {
+    OleInitialize(nullptr);
+    giveToController(list);
+    calls = list->calls;
+  }}.join();
+  EXPECT_EQ(list->calls, calls);
 }
 
 }  // namespace

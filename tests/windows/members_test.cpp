@@ -7,6 +7,7 @@
 
 #include <map>
 
+#include "base/utf8.h"
 #include "support/test_form.h"
 
 namespace keyscout {
@@ -257,6 +258,52 @@ TEST(Members, NullPointersAreRefused) {
   EXPECT_EQ(ole->Advise(nullptr, nullptr), E_POINTER);
   EXPECT_EQ(ole->GetMiscStatus(DVASPECT_CONTENT, nullptr), E_POINTER);
   EXPECT_TRUE(FAILED(ole->DoVerb(OLEIVERB_SHOW, nullptr, nullptr, 0, nullptr, nullptr)));
+}
+
+TEST(Members, ColoursAreWhatTheSystemTakesForANumber) {
+  const auto control = create<_keyscoutControl>(CLSID_keyscoutControl);
+  struct {
+    const char16_t* text;
+    LONG expected;
+  } const numbers[] = {{u"255", 255},    {u"&HFF", 255},
+                       {u"1,000", 1000}, {u"+5", 5},
+                       {u" 7 ", 7},      {u"-2", -2},
+                       {u"1e3", 1000},   {u"2.5", 2},
+                       {u"3.5", 4},      {u"&H8000000F", static_cast<LONG>(0x8000000F)}};
+  for (const auto& number : numbers) {
+    SCOPED_TRACE(toUtf8(number.text));
+    OwnedVariant given;
+    given.vt = VT_BSTR;
+    given.bstrVal = newBstr(number.text);
+    EXPECT_EQ(control->put_ForeColor(given), S_OK);
+    OwnedVariant read;
+    control->get_ForeColor(&read);
+    EXPECT_EQ(read.vt, VT_I4);
+    EXPECT_EQ(read.lVal, number.expected);
+  }
+  for (const char16_t* const text : {u"red", u"", u"1 2", u"99999999999", u"&HFG"}) {
+    SCOPED_TRACE(toUtf8(text));
+    OwnedVariant given;
+    given.vt = VT_BSTR;
+    given.bstrVal = newBstr(text);
+    EXPECT_EQ(control->put_BackColor(given), static_cast<HRESULT>(0x800A000D));
+  }
+}
+
+TEST(Members, NoInterfaceMayBeNamedInADispatchCall) {
+  const auto control = create<_keyscoutControl>(CLSID_keyscoutControl);
+  DISPPARAMS none{};
+  OwnedVariant result;
+  EXPECT_EQ(control->Invoke(0x6803000A, IID_IDispatch, 0, DISPATCH_PROPERTYGET, &none, &result,
+                            nullptr, nullptr),
+            DISP_E_UNKNOWNINTERFACE);
+  EXPECT_EQ(control->Invoke(0x6803000A, IID_NULL, 0, DISPATCH_PROPERTYGET, &none, &result, nullptr,
+                            nullptr),
+            S_OK);
+  wchar_t name[] = L"text";
+  LPOLESTR names = name;
+  DISPID id = 0;
+  EXPECT_EQ(control->GetIDsOfNames(IID_IDispatch, &names, 1, 0, &id), DISP_E_UNKNOWNINTERFACE);
 }
 
 TEST(Members, StoredBooleansAreReadBackAsGiven) {

@@ -30,6 +30,21 @@ class WindowContext {
   HDC context_;
 };
 
+/// A context for drawing on all of `window`, its border included.
+class WholeWindowContext {
+ public:
+  explicit WholeWindowContext(HWND window) : window_(window), context_(GetWindowDC(window)) {}
+  ~WholeWindowContext() { ReleaseDC(window_, context_); }
+  WholeWindowContext(const WholeWindowContext&) = delete;
+  WholeWindowContext& operator=(const WholeWindowContext&) = delete;
+
+  operator HDC() const { return context_; }
+
+ private:
+  HWND window_;
+  HDC context_;
+};
+
 /// While it lives, `context` draws with `object`.
 class Selected {
  public:

@@ -43,14 +43,31 @@ HeldModifiers::HeldModifiers(std::int16_t mask) {
 
 HeldModifiers::~HeldModifiers() { SetKeyboardState(before_.data()); }
 
+bool isInput(UINT message) {
+  switch (message) {
+    case WM_PASTE:
+    case WM_CUT:
+    case WM_CLEAR:
+    case WM_UNDO:
+    case EM_UNDO:
+    case EM_REPLACESEL: return true;
+    default:
+      return (message >= WM_KEYFIRST && message <= WM_KEYLAST) ||
+             (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST);
+  }
+}
+
 MouseInput mouseInput(UINT message, WPARAM wParam, LPARAM lParam) {
   using Kind = MouseInput::Kind;
   const POINT at{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
   switch (message) {
     case WM_MOUSEMOVE: return {Kind::move, heldButtons(wParam), at};
     case WM_LBUTTONDOWN: return {Kind::down, leftButton, at};
-    case WM_RBUTTONDOWN: return {Kind::down, rightButton, at};
-    case WM_MBUTTONDOWN: return {Kind::down, middleButton, at};
+    // Only the left button has a double click of its own.
+    case WM_RBUTTONDOWN:
+    case WM_RBUTTONDBLCLK: return {Kind::down, rightButton, at};
+    case WM_MBUTTONDOWN:
+    case WM_MBUTTONDBLCLK: return {Kind::down, middleButton, at};
     case WM_LBUTTONUP: return {Kind::up, leftButton, at};
     case WM_RBUTTONUP: return {Kind::up, rightButton, at};
     case WM_MBUTTONUP: return {Kind::up, middleButton, at};

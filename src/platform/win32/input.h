@@ -22,6 +22,10 @@ class HeldModifiers {
   std::array<BYTE, 256> before_{};
 };
 
+/// Whether `message` tells of something that a person does to the window that it comes to: a key, a
+/// character, the mouse, or a command that changes the text.
+bool isInput(UINT message);
+
 /// Whether `message` is one of a mouse over a window, and what it says in the units of reports.
 struct MouseInput {
   enum class Kind { none, down, move, up, doubleClick };

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/win32/appearance.h"
+#include "platform/win32/gdi.h"
 #include "platform/win32/parameters.h"
 #include "platform/win32/wide.h"
 #include "platform/win32/win32_list.h"
@@ -18,6 +19,14 @@ RECT rectangleOf(HWND window) {
   return rectangle;
 }
 
+/// The part of a screen that windows may cover, of the screen that most of `place` is on.
+RECT workAreaAround(const RECT& place) {
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoW(MonitorFromRect(&place, MONITOR_DEFAULTTONEAREST), &monitor);
+  return monitor.rcWork;
+}
+
 int heightOf(const RECT& rectangle) { return rectangle.bottom - rectangle.top; }
 
 }  // namespace
@@ -27,6 +36,8 @@ void Win32List::applyFont() {
 }
 
 void Win32List::fitToFont() {
+  for (std::size_t entry = 0; entry < entryWidths_.size(); ++entry)
+    entryWidths_[entry] = measure(entryText(static_cast<std::int16_t>(entry)));
   send(WM_SETFONT, asParameter<WPARAM>(site_.look().font()), TRUE);
   // The part that the text box hides is as high as the text box, so the list begins below it.
   constexpr auto selectionField = static_cast<WPARAM>(-1);
@@ -64,16 +75,38 @@ void Win32List::drawEntry(const DRAWITEMSTRUCT& item) const {
   if (!isEntry(entry)) return;
   const std::wstring text = toWide(entryText(entry));
   RECT area = item.rcItem;
-  InflateRect(&area, -(site_.look().inset() - GetSystemMetrics(SM_CXBORDER)), 0);
+  InflateRect(&area, -insetOfEntry(), 0);
   SetBkMode(item.hDC, TRANSPARENT);
   SetTextColor(item.hDC, GetSysColor(isSelected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
   const UINT direction = site_.look().isRightToLeft() ? DT_RIGHT : DT_LEFT;
+  // What the screen is too narrow for is cut at its end in both directions.
   DrawTextW(item.hDC, text.data(), static_cast<int>(text.size()), &area,
-            DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_NOCLIP | direction);
+            DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS | direction);
 }
 
-/// Shows as many rows as there are entries, nine at most: the system sets the height only when it
-/// opens the list. A list that opened upwards keeps its lower edge.
+/// From the inside of the list to an entry's text.
+int Win32List::insetOfEntry() const { return site_.look().inset() - GetSystemMetrics(SM_CXBORDER); }
+
+int Win32List::measure(StringView entry) const {
+  const std::wstring text = toWide(entry);
+  const WindowContext screen;
+  const Selected selected{screen, site_.look().font()};
+  SIZE size{};
+  GetTextExtentPoint32W(screen, text.data(), static_cast<int>(text.size()), &size);
+  return size.cx;
+}
+
+/// As wide as the text box, and wider where an entry needs it.
+int Win32List::neededWidth() const {
+  if (entryWidths_.empty()) return width_;
+  const int scrollBar = entryCount() > rowsShown ? GetSystemMetrics(SM_CXVSCROLL) : 0;
+  const int around = 2 * (insetOfEntry() + GetSystemMetrics(SM_CXBORDER)) + scrollBar;
+  return std::max(width_, *std::ranges::max_element(entryWidths_) + around);
+}
+
+/// Shows as many rows as there are entries, nine at most, and as much of each as the screen has
+/// room for: the system sets the size only when it opens the list. A list that opened upwards keeps
+/// its lower edge.
 void Win32List::fitDropDown() {
   if (!redraws_ || !window()) return;
   const int row = static_cast<int>(send(CB_GETITEMHEIGHT, 0));
@@ -88,8 +121,13 @@ void Win32List::fitDropDown() {
   const int rows = std::clamp<int>(entryCount(), 1, rowsShown);
   const int height = rows * row + frame;
   const bool upwards = open.top < closed.top;
-  SetWindowPos(dropDown_.window(), nullptr, open.left, upwards ? closed.top - height : open.top,
-               open.right - open.left, height, SWP_NOZORDER | SWP_NOACTIVATE);
+  const RECT screen = workAreaAround(closed);
+  const LONG width =
+      std::min<LONG>(neededWidth(), std::max<LONG>(width_, screen.right - screen.left));
+  LONG left = site_.look().isRightToLeft() ? closed.right - width : closed.left;
+  if (width > width_) left = std::clamp(left, screen.left, screen.right - width);
+  SetWindowPos(dropDown_.window(), nullptr, left, upwards ? closed.top - height : open.top, width,
+               height, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void Win32List::raise() {

@@ -4,11 +4,28 @@
 
 #include <utility>
 
+#include "platform/win32/accessible.h"
 #include "platform/win32/input.h"
 #include "platform/win32/parameters.h"
 #include "platform/win32/win32_list.h"
 
 namespace keyscout {
+namespace {
+
+/// The press of a button that `message` tells of, a quick second one included; 0 for others.
+UINT pressOf(UINT message) {
+  switch (message) {
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK: return WM_LBUTTONDOWN;
+    case WM_RBUTTONDOWN:
+    case WM_RBUTTONDBLCLK: return WM_RBUTTONDOWN;
+    case WM_MBUTTONDOWN:
+    case WM_MBUTTONDBLCLK: return WM_MBUTTONDOWN;
+    default: return 0;
+  }
+}
+
+}  // namespace
 
 void Win32List::onNotification(WORD code) {
   switch (code) {
@@ -18,13 +35,14 @@ void Win32List::onNotification(WORD code) {
       const auto now = static_cast<std::int16_t>(send(CB_GETCURSEL));
       // A key that changes nothing is no click; a click on what is selected already is one.
       const bool isClick = std::exchange(selected_, now) != now || choosing_;
+      tellSelection();
       choosing_ = false;
       if (isClick) report([](DropDownListObserver& to) { to.clicked(); });
       break;
     }
-    case CBN_DROPDOWN: site_.listOpenedOrClosed(); break;
+    case CBN_DROPDOWN: site_.listOpens(); break;
     case CBN_CLOSEUP:
-      site_.listOpenedOrClosed();
+      site_.listCloses();
       if (closingByCode_ == 0 && !choosing_) site_.listClosedByUser();
       break;
     case CBN_EDITCHANGE: report([](DropDownListObserver& to) { to.editChanged(); }); break;
@@ -33,6 +51,9 @@ void Win32List::onNotification(WORD code) {
 }
 
 LRESULT Win32List::onComboMessage(Part& part, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_GETOBJECT)
+    if (const auto answer = answerForPart({wParam, lParam}, part.window(), site_.accessibleName()))
+      return *answer;
   return part.original(message, wParam, lParam);
 }
 
@@ -45,6 +66,7 @@ LRESULT Win32List::onEditMessage(Part& part, UINT message, WPARAM wParam, LPARAM
       if (swallowCharacter_) return 0;
       const LRESULT result = part.original(message, wParam, lParam);
       restoreSelection();  // a combo box selects what its own text begins
+      if (message == WM_CHAR) onTyped(wParam, lParam);
       return result;
     }
     case WM_KEYUP:
@@ -54,6 +76,11 @@ LRESULT Win32List::onEditMessage(Part& part, UINT message, WPARAM wParam, LPARAM
       report([&](DropDownListObserver& to) { to.keyUp(keyCode, shift); });
       break;
     }
+    case WM_GETOBJECT:
+      if (const auto answer =
+              answerForPart({wParam, lParam}, part.window(), site_.accessibleName()))
+        return *answer;
+      break;
     case WM_GETDLGCODE: return site_.dialogCode(lParam);
     case WM_MOUSEWHEEL:
       // A closed list must not move its selection unseen.
@@ -72,6 +99,14 @@ LRESULT Win32List::onEditMessage(Part& part, UINT message, WPARAM wParam, LPARAM
     default: break;
   }
   return part.original(message, wParam, lParam);
+}
+
+/// The edit part is out of sight, so typing goes back to the text box, also where it changes
+/// nothing here, as Backspace in an edit part that is empty.
+void Win32List::onTyped(WPARAM character, LPARAM keyData) {
+  const bool isText = character >= L' ' || character == VK_BACK;
+  if (isText && hasFocus()) report([](DropDownListObserver& to) { to.editChanged(); });
+  site_.characterCameToList(character, keyData);
 }
 
 LRESULT Win32List::onKeyDown(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -99,19 +134,32 @@ LRESULT Win32List::onPress(Part& part, UINT message, WPARAM wParam, LPARAM lPara
   POINT at{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
   ClientToScreen(part.window(), &at);
   const HWND under = WindowFromPoint(at);
-  const bool isBeside = under != part.window() && Subclass::isAttached(under);
+  const bool isBeside = under != part.window();
   const LRESULT result = part.original(message, wParam, lParam);
-  if (!isBeside || !IsWindow(under)) return result;
+  // The system looks at the left button alone.
+  if (isBeside && isDropped()) closeForUser();
+  if (!isBeside || !Subclass::isAttached(under)) return result;
   ScreenToClient(under, &at);
-  SendMessageW(under, WM_LBUTTONDOWN, wParam, MAKELPARAM(at.x, at.y));
+  SendMessageW(under, pressOf(message), wParam, MAKELPARAM(at.x, at.y));
   return result;
 }
 
+void Win32List::closeForUser() {
+  {
+    const ByCode guard{*this};
+    send(CB_SHOWDROPDOWN, FALSE);
+  }
+  restoreSelection();
+  site_.listClosedByUser();
+}
+
 LRESULT Win32List::onDropDownMessage(Part& part, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_GETOBJECT)
+    if (const auto answer = answerForList({wParam, lParam}, part.window(), site_.accessibleName()))
+      return *answer;
   // A scroll bar that comes or goes on the left moves what is drawn already.
   if (message == WM_SIZE) InvalidateRect(part.window(), nullptr, TRUE);
-  const bool isPress = message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK;
-  if (isPress) return onPress(part, message, wParam, lParam);
+  if (pressOf(message)) return onPress(part, message, wParam, lParam);
   if (message != WM_MOUSEMOVE) return part.original(message, wParam, lParam);
   SetCursor(LoadCursorW(nullptr, IDC_ARROW));
   // A list that opens below a pointer at rest is told of a move, too.

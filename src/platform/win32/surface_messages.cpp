@@ -1,5 +1,7 @@
 // The window of a surface: what it answers to messages.
 
+#include <atomic>
+
 #include "platform/win32/instance.h"
 #include "platform/win32/parameters.h"
 #include "platform/win32/win32_surface.h"
@@ -8,22 +10,28 @@ namespace keyscout {
 namespace {
 
 constexpr wchar_t className[] = L"Keyscout.Surface";
+constexpr UINT formMoved = WM_APP;
 
-ATOM surfaceClass = 0;
+std::atomic<bool> isClassRegistered{false};
+
+/// Of several threads that come here at once the system lets one register the class; the others
+/// find it there.
+void registerClass(WNDPROC procedure) {
+  if (isClassRegistered) return;
+  WNDCLASSEXW description{};
+  description.cbSize = sizeof description;
+  description.style = CS_DBLCLKS;
+  description.lpfnWndProc = procedure;
+  description.hInstance = thisInstance();
+  description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  description.lpszClassName = className;
+  if (RegisterClassExW(&description)) isClassRegistered = true;
+}
 
 }  // namespace
 
 void Win32Surface::createWindow() {
-  if (surfaceClass == 0) {
-    WNDCLASSEXW description{};
-    description.cbSize = sizeof description;
-    description.style = CS_DBLCLKS;
-    description.lpfnWndProc = &procedure;
-    description.hInstance = thisInstance();
-    description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-    description.lpszClassName = className;
-    surfaceClass = RegisterClassExW(&description);
-  }
+  registerClass(&procedure);
   // Out of sight there is no host to tell of windows that come and go; the system's own window,
   // which is their parent there, belongs to another process.
   CreateWindowExW(WS_EX_CONTROLPARENT | WS_EX_NOPARENTNOTIFY, className, L"",
@@ -32,8 +40,7 @@ void Win32Surface::createWindow() {
 }
 
 void Win32Surface::unregisterClass() noexcept {
-  if (surfaceClass != 0) UnregisterClassW(className, thisInstance());
-  surfaceClass = 0;
+  if (isClassRegistered.exchange(false)) UnregisterClassW(className, thisInstance());
 }
 
 bool Win32Surface::isSurface(HWND window) {
@@ -59,6 +66,7 @@ LRESULT CALLBACK Win32Surface::procedure(HWND window, UINT message, WPARAM wPara
 
 LRESULT Win32Surface::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   const HWND window = window_;
+  messageArrives(message);
   switch (message) {
     case WM_COMMAND: onCommand(pointerIn<HWND>(lParam), HIWORD(wParam)); return 0;
     case WM_SIZE:
@@ -85,11 +93,12 @@ LRESULT Win32Surface::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     }
     case WM_ERASEBKGND: eraseBackground(pointerIn<HDC>(wParam)); return 1;
     case WM_SYSCOLORCHANGE:
-      textBox_.forgetColors();
+      textBox_.redraw();
       InvalidateRect(window, nullptr, TRUE);
       break;
     case WM_SETTINGCHANGE:
     case WM_DPICHANGED_AFTERPARENT: updateLook(); break;
+    case formMoved: onFormMoved(); return 0;
     case WM_DESTROY: onDestroy(); return 0;
     case WM_NCDESTROY:
       SetWindowLongPtrW(window, GWLP_USERDATA, 0);
@@ -98,6 +107,41 @@ LRESULT Win32Surface::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     default: break;
   }
   return DefWindowProcW(window, message, wParam, lParam);
+}
+
+void Win32Surface::listOpens() {
+  formHook_.reset(
+      SetWindowsHookExW(WH_CALLWNDPROCRET, &afterMessage, nullptr, GetCurrentThreadId()));
+  NotifyWinEvent(EVENT_OBJECT_STATECHANGE, textBox_.window(), OBJID_CLIENT, CHILDID_SELF);
+  owner_.wantedKeysChanged();
+}
+
+void Win32Surface::listCloses() {
+  formHook_.reset();
+  NotifyWinEvent(EVENT_OBJECT_STATECHANGE, textBox_.window(), OBJID_CLIENT, CHILDID_SELF);
+  owner_.wantedKeysChanged();
+}
+
+/// The open list is a window of its own on the screen: it stays where it is when code moves or
+/// hides one of the windows that the surface stands on, of which the system tells that window
+/// alone.
+LRESULT CALLBACK Win32Surface::afterMessage(int code, WPARAM wParam, LPARAM lParam) {
+  const auto* const done = pointerIn<const CWPRETSTRUCT*>(lParam);
+  const auto tellSurface = [](HWND child, LPARAM) -> BOOL {
+    if (isSurface(child)) SendMessageW(child, formMoved, 0, 0);
+    return TRUE;
+  };
+  if (code == HC_ACTION && done->message == WM_WINDOWPOSCHANGED && !isSurface(done->hwnd))
+    EnumChildWindows(done->hwnd, tellSurface, 0);
+  return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+void Win32Surface::onFormMoved() {
+  if (!list_ || !list_->isDropped()) return;
+  if (!IsWindowVisible(window_) || IsIconic(GetAncestor(window_, GA_ROOT)))
+    list_->closeForUser();
+  else if (list_->isLeftBehind())
+    list_->moveWithSurface();
 }
 
 void Win32Surface::onCommand(HWND from, WORD code) {

@@ -28,7 +28,7 @@ int TextLook::lineHeight() const {
 }
 
 int TextLook::boxHeight() const {
-  return lineHeight() + 2 * GetSystemMetrics(SM_CYEDGE) + scaled(4, dpi_);
+  return lineHeight() + 2 * GetSystemMetrics(SM_CYEDGE) + 2 * scaled(2, dpi_);
 }
 
 int TextLook::inset() const { return GetSystemMetrics(SM_CXEDGE) + scaled(1, dpi_); }

@@ -1,21 +1,22 @@
 #include "platform/win32/thread_form.h"
 
+#include "platform/win32/thread_pointer.h"
+
 namespace keyscout {
 namespace {
 
-// Only a pointer: a destructor would keep a library loaded for as long as the thread lives.
-thread_local ThreadForm* currentForm = nullptr;
+const ThreadPointer<ThreadForm> currentForm;
 
 }  // namespace
 
 std::shared_ptr<ThreadForm> ThreadForm::ofThisThread() {
-  if (currentForm) return currentForm->shared_from_this();
+  if (ThreadForm* const form = currentForm.get()) return form->shared_from_this();
   std::shared_ptr<ThreadForm> form{new ThreadForm};
-  currentForm = form.get();
+  currentForm.set(form.get());
   return form;
 }
 
-ThreadForm::~ThreadForm() { currentForm = nullptr; }
+ThreadForm::~ThreadForm() { currentForm.set(nullptr); }
 
 ThreadForm::FocusPause::FocusPause() : form_(ofThisThread()), focused_(GetFocus()) {
   ++form_->pauses_;

@@ -1,47 +1,57 @@
 #include "platform/win32/thread_slot.h"
 
-#include <windows.h>
-
-#include <new>
+#include <atomic>
+#include <bit>
+#include <memory>
 
 #include "platform/thread_slot.h"
+#include "platform/win32/instance.h"
+#include "platform/win32/thread_pointer.h"
 
 namespace keyscout {
 namespace {
 
-/// The system's own thread storage: unlike a thread_local it is still there when a library is told
-/// that a thread ends, and it leaves no destructor behind that would keep the library loaded.
-class SlotIndex {
- public:
-  SlotIndex() : index_(TlsAlloc()) {
-    if (index_ == TLS_OUT_OF_INDEXES) throw std::bad_alloc{};
-  }
-  ~SlotIndex() { TlsFree(index_); }
-  SlotIndex(const SlotIndex&) = delete;
-  SlotIndex& operator=(const SlotIndex&) = delete;
+const ThreadPointer<ThreadSlot> currentSlot;
+std::atomic<int> slots{0};
 
-  ThreadSlot* slot() const { return static_cast<ThreadSlot*>(TlsGetValue(index_)); }
-  void setSlot(ThreadSlot* slot) const { TlsSetValue(index_, slot); }
+// What a thread keeps stays until that thread ends, also where COM has let go of the library by
+// then: each slot holds the library as loading it does.
 
- private:
-  DWORD index_;
-};
+void holdLibrary() {
+  HMODULE library = nullptr;
+  GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
+                     std::bit_cast<const wchar_t*>(&holdLibrary), &library);
+}
 
-const SlotIndex slotIndex;
+/// The last hold must not be given up by the library's own code, which would be gone before it has
+/// returned: a thread that runs nothing but the system's function does it.
+void letLibraryGo() noexcept {
+  const auto run = std::bit_cast<LPTHREAD_START_ROUTINE>(&FreeLibrary);
+  if (const HANDLE thread = CreateThread(nullptr, 0, run, thisInstance(), 0, nullptr))
+    CloseHandle(thread);
+}
 
 }  // namespace
 
 ThreadSlot& ThreadSlot::ofThisThread() {
-  if (!slotIndex.slot()) slotIndex.setSlot(new ThreadSlot);
-  return *slotIndex.slot();
+  if (ThreadSlot* const slot = currentSlot.get()) return *slot;
+  auto slot = std::make_unique<ThreadSlot>();
+  currentSlot.set(slot.get());
+  holdLibrary();
+  ++slots;
+  return *slot.release();
 }
 
 void freeThreadSlot() noexcept {
-  ThreadSlot* const slot = slotIndex.slot();
+  const std::unique_ptr<ThreadSlot> slot{currentSlot.get()};
   if (!slot) return;
-  if (slot->object) slot->destroy(slot->object);
-  slotIndex.setSlot(nullptr);
-  delete slot;
+  slot->isOver = true;
+  slot->release();
+  currentSlot.set(nullptr);
+  --slots;
+  letLibraryGo();
 }
+
+bool isAnyThreadSlot() noexcept { return slots != 0; }
 
 }  // namespace keyscout

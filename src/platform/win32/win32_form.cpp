@@ -1,10 +1,10 @@
 #include "platform/win32/win32_form.h"
 
-#include "base/error.h"
 #include "base/letter_case.h"
 #include "platform/win32/input.h"
 #include "platform/win32/instance.h"
 #include "platform/win32/win32_form_surface.h"
+#include "platform/win32/window_failure.h"
 
 namespace keyscout {
 namespace {
@@ -46,7 +46,7 @@ Win32Form::Win32Form()
     : window_(CreateWindowExW(
           0, L"STATIC", L"Keyscout", WS_POPUP | WS_CAPTION | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0,
           formSize.cx, formSize.cy, nullptr, nullptr, thisInstance(), nullptr)) {
-  if (!window_) throw platformFailure(PlatformError::outOfMemory, u"Form");
+  if (!window_) refuseWindow(u"Form");
 }
 
 Win32Form::~Win32Form() { DestroyWindow(window_); }

@@ -7,6 +7,7 @@
 #include "platform/win32/instance.h"
 #include "platform/win32/parameters.h"
 #include "platform/win32/wide.h"
+#include "platform/win32/window_failure.h"
 
 namespace keyscout {
 namespace {
@@ -35,7 +36,7 @@ void Win32List::create(HWND parent) {
                       WS_CHILD | WS_CLIPSIBLINGS | WS_VSCROLL | CBS_DROPDOWN | CBS_AUTOHSCROLL |
                           CBS_NOINTEGRALHEIGHT | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS,
                       0, 0, 0, 0, parent, nullptr, thisInstance(), nullptr);
-  if (!combo) throw platformFailure(PlatformError::outOfMemory, u"DropDownList");
+  if (!combo) refuseWindow(u"DropDownList");
   combo_.attach(combo);
   COMBOBOXINFO parts{};
   parts.cbSize = sizeof parts;
@@ -56,6 +57,7 @@ void Win32List::recreate(HWND parent) {
   std::vector<String> entries;
   for (std::int16_t entry = 0; isEntry(entry); ++entry) entries.push_back(entryText(entry));
   for (Part* const part : {&combo_, &edit_, &dropDown_}) part->detach();
+  entryWidths_.clear();
   create(parent);
   for (const String& entry : entries) append(entry);
   restoreSelection();
@@ -88,6 +90,22 @@ void Win32List::report(const std::function<void(DropDownListObserver&)>& report)
 
 bool Win32List::isDropped() const { return window() && send(CB_GETDROPPEDSTATE) != 0; }
 
+bool Win32List::hasFocus() const {
+  const HWND focused = GetFocus();
+  return focused && (focused == edit_.window() || focused == window());
+}
+
+POINT Win32List::placeOnScreen() const {
+  RECT place{};
+  GetWindowRect(window(), &place);
+  return {place.left, place.top};
+}
+
+bool Win32List::isLeftBehind() const {
+  const POINT now = placeOnScreen();
+  return isDropped() && (now.x != shownAt_.x || now.y != shownAt_.y);
+}
+
 void Win32List::setLeft(float left) {
   at_.x = static_cast<LONG>(left);
   fitDropDown();
@@ -111,22 +129,39 @@ std::int16_t Win32List::entryCount() const { return static_cast<std::int16_t>(se
 
 void Win32List::append(StringView entry) {
   const std::wstring text = toWide(entry);
-  if (send(CB_ADDSTRING, 0, asParameter(text.c_str())) < 0)
+  entryWidths_.push_back(measure(entry));
+  if (send(CB_ADDSTRING, 0, asParameter(text.c_str())) < 0) {
+    entryWidths_.pop_back();
     throw platformFailure(PlatformError::outOfMemory, u"DropDownList");
+  }
   fitDropDown();
+  tellEntries();
 }
 
 void Win32List::removeFirst() {
   if (entryCount() == 0) refuseEntry();
   send(CB_DELETESTRING, 0);
+  entryWidths_.erase(entryWidths_.begin());
   if (selected_ >= 0) --selected_;
   restoreSelection();
   fitDropDown();
+  tellEntries();
+}
+
+void Win32List::tellEntries() const {
+  if (redraws_ && isDropped())
+    NotifyWinEvent(EVENT_OBJECT_REORDER, dropDown_.window(), OBJID_CLIENT, CHILDID_SELF);
+}
+
+void Win32List::tellSelection() const {
+  NotifyWinEvent(EVENT_OBJECT_SELECTION, dropDown_.window(), OBJID_CLIENT, selected_ + 1);
 }
 
 void Win32List::clear() {
   send(CB_RESETCONTENT);
+  entryWidths_.clear();
   selected_ = -1;
+  tellEntries();
 }
 
 String Win32List::entryText(std::int16_t entry) const {
@@ -139,9 +174,11 @@ String Win32List::entryText(std::int16_t entry) const {
 }
 
 void Win32List::select(std::int16_t entry) {
+  if (entry == 0 && entryCount() == 0) return;  // there is nothing to select
   if (entry != -1 && !isEntry(entry)) refuseEntry();
   selected_ = entry;
   send(CB_SETCURSEL, static_cast<WPARAM>(entry));
+  tellSelection();
   report([](DropDownListObserver& to) { to.clicked(); });
 }
 
@@ -165,6 +202,7 @@ void Win32List::showDropDown(bool show) {
   restoreSelection();
   if (show) {
     choosing_ = false;
+    shownAt_ = placeOnScreen();
     fitDropDown();
     // The pointer was the text box's, and no message changes it while the list has the mouse.
     SetCursor(LoadCursorW(nullptr, IDC_ARROW));
@@ -178,6 +216,7 @@ void Win32List::setRedraw(bool redraw) {
   SendMessageA(window(), setRedrawMessage, redraw ? on : 0, 0);
   if (!redraw) return;
   fitDropDown();
+  tellEntries();
   InvalidateRect(dropDown_.window(), nullptr, TRUE);
 }
 

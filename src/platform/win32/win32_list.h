@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <vector>
 
 #include "platform/widgets.h"
 #include "platform/win32/subclass.h"
@@ -22,6 +23,7 @@ class Win32List final : public DropDownList {
   /// The part that drops down, a window of its own on the screen.
   HWND dropDownWindow() const { return dropDown_.window(); }
   bool isDropped() const;
+  bool hasFocus() const;
   bool redraws() const { return redraws_; }
   /// Takes the list out of sight for good; its reports end.
   void retire();
@@ -36,6 +38,11 @@ class Win32List final : public DropDownList {
   void applyDirection();
   /// Stands below the text box again after the surface has moved.
   void moveWithSurface();
+  /// Whether the open list stands below the text box no more, since a window below the surface
+  /// moved.
+  bool isLeftBehind() const;
+  /// Closes the list as a person does.
+  void closeForUser();
   void drawEntry(const DRAWITEMSTRUCT& item) const;
   /// What the combo box tells the surface.
   void onNotification(WORD code);
@@ -81,6 +88,7 @@ class Win32List final : public DropDownList {
 
    private:
     LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
+      list_.site_.messageArrives(message);
       return (list_.*handler_)(*this, message, wParam, lParam);
     }
     Win32List& list_;
@@ -110,11 +118,19 @@ class Win32List final : public DropDownList {
   LRESULT onEditMessage(Part& part, UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT onDropDownMessage(Part& part, UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT onPress(Part& part, UINT message, WPARAM wParam, LPARAM lParam);
+  void onTyped(WPARAM character, LPARAM keyData);
   LRESULT onKeyDown(UINT message, WPARAM wParam, LPARAM lParam);
 
   LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
   bool isEntry(std::int16_t entry) const { return entry >= 0 && entry < entryCount(); }
+  /// What screen readers listen for.
+  void tellEntries() const;
+  void tellSelection() const;
+  POINT placeOnScreen() const;
   void restoreSelection();
+  int insetOfEntry() const;
+  int measure(StringView entry) const;
+  int neededWidth() const;
   void fitToFont();
   void fitDropDown();
   void report(const std::function<void(DropDownListObserver&)>& report);
@@ -125,7 +141,9 @@ class Win32List final : public DropDownList {
   Part edit_;
   Part dropDown_;
   POINT at_{};
+  POINT shownAt_{};  // on the screen, when the list was opened or moved
   int width_ = 0;
+  std::vector<int> entryWidths_;
   std::int16_t selected_ = -1;
   POINT pointer_{};  // where the mouse pointer was seen last
   int closingByCode_ = 0;

@@ -4,7 +4,10 @@
 
 #include "base/error.h"
 #include "platform/win32/instance.h"
+#include "platform/win32/label.h"
 #include "platform/win32/parameters.h"
+#include "platform/win32/wide.h"
+#include "platform/win32/window_failure.h"
 
 namespace keyscout {
 namespace {
@@ -21,13 +24,18 @@ Win32Surface::Win32Surface(SurfaceOwner& owner)
     : owner_(owner), form_(ThreadForm::ofThisThread()), textBox_(*this) {
   // Nothing that happens during construction is work of the owner, which is not complete yet.
   ++depth_;
-  createWindow();
-  if (!window_) throw platformFailure(PlatformError::outOfMemory, u"ControlSurface");
-  updateLook();
-  textBox_.create(window_);
-  const int width = scaled(defaultWidth, look_.dpi());
-  textBox_.setWidth(static_cast<float>(width));
-  moveTo({0, 0, width, look_.boxHeight()});
+  try {
+    createWindow();
+    if (!window_) refuseWindow(u"ControlSurface");
+    updateLook();
+    textBox_.create(window_);
+    const int width = scaled(defaultWidth, look_.dpi());
+    textBox_.setWidth(static_cast<float>(width));
+    moveTo({0, 0, width, look_.boxHeight()});
+  } catch (...) {
+    destroyWindows();
+    throw;
+  }
   --depth_;
 }
 
@@ -36,6 +44,10 @@ Win32Surface::~Win32Surface() {
   focusTracker().forget(*this);
   list_.reset();
   retiredLists_.clear();
+  destroyWindows();
+}
+
+void Win32Surface::destroyWindows() noexcept {
   if (window_) {
     SetWindowLongPtrW(window_, GWLP_USERDATA, 0);  // no message is this surface's any more
     DestroyWindow(window_);
@@ -77,6 +89,8 @@ bool Win32Surface::placeOn(HWND parent, const RECT& at) {
   setStyle(window_, GWL_EXSTYLE, WS_EX_NOPARENTNOTIFY, false);
   updateLook();
   moveTo(at);
+  // Behind what is on the form already, as a window that is made there is: labels stand before it.
+  SetWindowPos(window_, HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
   ShowWindow(window_, SW_SHOWNA);
   return true;
 }
@@ -162,6 +176,7 @@ void Win32Surface::removeChild(StringView name) {
   if (!list_ || name != listName_)
     throw platformFailure(PlatformError::invalidArgument, u"ControlSurface");
   const Busy busy{*this};
+  formHook_.reset();
   retiredLists_.push_back(std::move(list_));
   retiredLists_.back()->retire();
   focusTracker().listRemoved(*this);
@@ -203,6 +218,8 @@ void Win32Surface::focusLeft() noexcept {
 void Win32Surface::listClosedByUser() {
   const FocusTracker::Hold handler{focusTracker()};
   owner_.listClosedByUser();
+  // No field without a caret: a list that is closed shows none.
+  if (list_ && list_->hasFocus() && IsWindowVisible(textBox_.window())) textBox_.setFocus();
 }
 
 bool Win32Surface::scrollList(WPARAM wParam, LPARAM lParam) {
@@ -216,6 +233,11 @@ void Win32Surface::keepListOpen(const std::function<void()>& move) {
     list_->keepOpen(move);
   else
     move();
+}
+
+void Win32Surface::characterCameToList(WPARAM character, LPARAM keyData) {
+  const HWND edit = textBox_.window();
+  if (edit && GetFocus() == edit) textBox_.takeCharacter(character, keyData);
 }
 
 bool Win32Surface::wantsKey(WPARAM keyCode) const {
@@ -232,6 +254,13 @@ bool Win32Surface::wantsKey(WPARAM keyCode) const {
     case VK_ESCAPE: return list_ && list_->isDropped();
     default: return false;
   }
+}
+
+std::wstring Win32Surface::accessibleName() const {
+  std::wstring name = labelBefore(window_);
+  if (name.empty()) name = toWide(displayName_);
+  if (name.empty()) name = toWide(textBox_.toolTipText());
+  return name;
 }
 
 LRESULT Win32Surface::dialogCode(LPARAM lParam) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <type_traits>
 #include <vector>
 
 #include "platform/focus_tracker.h"
@@ -13,6 +14,11 @@
 #include "platform/win32/win32_text_box.h"
 
 namespace keyscout {
+
+struct HookDeleter {
+  void operator()(HHOOK hook) const { UnhookWindowsHookEx(hook); }
+};
+using Hook = std::unique_ptr<std::remove_pointer_t<HHOOK>, HookDeleter>;
 
 /// What a surface needs of the object that it is a part of.
 class SurfaceOwner {
@@ -70,6 +76,8 @@ class Win32Surface final : public ControlSurface, private WidgetSite, private Fo
   /// null for the message font of Windows.
   void setBaseFont(const LOGFONTW* font);
   void setBackground(LONG oleColor);
+  /// What screen readers call the control where no label stands before it.
+  void setDisplayName(StringView name) { displayName_ = name; }
   /// On a right-to-left form text stands on the right and the scroll bar on the left. The numbers
   /// themselves are read from left to right everywhere: 265-Y10 must not become Y10-265.
   void setRightToLeft(bool rightToLeft);
@@ -97,11 +105,14 @@ class Win32Surface final : public ControlSurface, private WidgetSite, private Fo
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   static bool isSurface(HWND window);
   void createWindow();
+  void destroyWindows() noexcept;
   LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam);
   void onCommand(HWND from, WORD code);
   void onDestroy();
   void restore() noexcept;
   void eraseBackground(HDC target);
+  static LRESULT CALLBACK afterMessage(int code, WPARAM wParam, LPARAM lParam);
+  void onFormMoved();
   void updateLook();
 
   // WidgetSite
@@ -110,10 +121,14 @@ class Win32Surface final : public ControlSurface, private WidgetSite, private Fo
   FocusTracker& focusTracker() override { return form_->focusTracker(); }
   void focusCame(FocusPlace place) override;
   void focusGoes(HWND next) override;
-  void listOpenedOrClosed() override { owner_.wantedKeysChanged(); }
+  void listOpens() override;
+  void listCloses() override;
   void listClosedByUser() override;
   bool scrollList(WPARAM wParam, LPARAM lParam) override;
   void keepListOpen(const std::function<void()>& move) override;
+  void characterCameToList(WPARAM character, LPARAM keyData) override;
+  std::wstring accessibleName() const override;
+  HWND listWindow() const override { return list_ ? list_->window() : nullptr; }
   LRESULT dialogCode(LPARAM lParam) const override;
   void retireWindow(HWND window) override;
 
@@ -129,8 +144,10 @@ class Win32Surface final : public ControlSurface, private WidgetSite, private Fo
   SurfaceObserver* observer_ = nullptr;
   TextLook look_;
   LONG background_ = systemColor(COLOR_BTNFACE);
+  String displayName_;
   std::int16_t mousePointer_ = 0;
   int depth_ = 0;
+  Hook formHook_;  // while the list is open
 
   Win32TextBox textBox_;
   String listName_;

@@ -10,6 +10,7 @@
 #include "platform/win32/instance.h"
 #include "platform/win32/parameters.h"
 #include "platform/win32/wide.h"
+#include "platform/win32/window_failure.h"
 
 namespace keyscout {
 namespace {
@@ -42,7 +43,7 @@ HWND Win32TextBox::makeWindow(HWND parent) const {
       CreateWindowExW(WS_EX_CLIENTEDGE | extendedStyle, L"EDIT", L"",
                       WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP | ES_AUTOHSCROLL | style,
                       0, 0, 0, 0, parent, nullptr, thisInstance(), nullptr);
-  if (!edit) throw platformFailure(PlatformError::outOfMemory, u"TextBox");
+  if (!edit) refuseWindow(u"TextBox");
   SendMessageW(edit, EM_SETLIMITTEXT, 0, 0);
   return edit;
 }
@@ -95,17 +96,30 @@ void Win32TextBox::applyFont() {
   SendMessageW(window(), EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELPARAM(margin, margin));
   const RECT now = place();
   SetWindowPos(window(), nullptr, 0, 0, now.right - now.left, site_.look().boxHeight(),
-               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
 }
 
 HBRUSH Win32TextBox::prepareDrawing(HDC target) {
-  const COLORREF back = colorOf(backColor_, GetSysColor(COLOR_WINDOW));
-  const bool enabled = IsWindowEnabled(window()) != FALSE;
-  const COLORREF fore = colorOf(foreColor_, GetSysColor(COLOR_WINDOWTEXT));
-  SetTextColor(target, enabled ? fore : GetSysColor(COLOR_GRAYTEXT));
+  const COLORREF back = shownBackColor();
+  SetTextColor(target, shownForeColor());
   SetBkColor(target, back);
-  if (!background_) background_.reset(CreateSolidBrush(back));
+  background_.reset(CreateSolidBrush(back));
   return background_.get();
+}
+
+COLORREF Win32TextBox::shownForeColor() const {
+  if (!enabled()) return GetSysColor(COLOR_GRAYTEXT);
+  return colorOf(foreColor(), GetSysColor(COLOR_WINDOWTEXT));
+}
+
+COLORREF Win32TextBox::shownBackColor() const {
+  const bool takesText = enabled() && !readOnly();
+  if (!backColor_ && !takesText) return GetSysColor(COLOR_BTNFACE);
+  return colorOf(backColor(), GetSysColor(COLOR_WINDOW));
+}
+
+void Win32TextBox::redraw() {
+  RedrawWindow(window(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
 }
 
 void Win32TextBox::textChanged() {
@@ -125,7 +139,17 @@ String Win32TextBox::text() const {
 }
 
 // The edit window reports the change while it takes the text.
-void Win32TextBox::setText(StringView text) { SetWindowTextW(window(), toWide(text).c_str()); }
+void Win32TextBox::setText(StringView text) {
+  // A text of any usual length takes no memory here that could be missing: a host that sets one has
+  // lookups disabled meanwhile, and a failure would leave them so.
+  std::array<wchar_t, 256> room;  // NOLINT(cppcoreguidelines-pro-type-member-init): filled below
+  if (text.size() >= room.size()) {
+    SetWindowTextW(window(), toWide(text).c_str());
+    return;
+  }
+  *std::ranges::copy(text, room.begin()).out = L'\0';
+  SetWindowTextW(window(), room.data());
+}
 
 std::int32_t Win32TextBox::selStart() const {
   return static_cast<std::int32_t>(selectionOf(window()).start);
@@ -156,7 +180,10 @@ void Win32TextBox::setFocus() {
 
 Boolean Win32TextBox::enabled() const { return IsWindowEnabled(window()) != FALSE; }
 
-void Win32TextBox::setEnabled(Boolean enabled) { EnableWindow(window(), enabled ? TRUE : FALSE); }
+void Win32TextBox::setEnabled(Boolean enabled) {
+  EnableWindow(window(), enabled ? TRUE : FALSE);
+  redraw();
+}
 
 Boolean Win32TextBox::readOnly() const {
   return (GetWindowLongPtrW(window(), GWL_STYLE) & ES_READONLY) != 0;
@@ -164,17 +191,17 @@ Boolean Win32TextBox::readOnly() const {
 
 void Win32TextBox::setReadOnly(Boolean readOnly) {
   SendMessageW(window(), EM_SETREADONLY, readOnly ? TRUE : FALSE, 0);
+  redraw();
 }
 
 void Win32TextBox::setForeColor(std::int32_t color) {
   foreColor_ = color;
-  InvalidateRect(window(), nullptr, TRUE);
+  redraw();
 }
 
 void Win32TextBox::setBackColor(std::int32_t color) {
   backColor_ = color;
-  background_.reset();
-  InvalidateRect(window(), nullptr, TRUE);
+  redraw();
 }
 
 void Win32TextBox::setFontBold(Boolean bold) {

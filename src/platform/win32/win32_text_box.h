@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 
 #include "platform/widgets.h"
 #include "platform/win32/appearance.h"
@@ -27,8 +28,15 @@ class Win32TextBox final : public TextBox, private Subclass {
   int height() const;
   /// What the surface answers when the edit window is about to draw itself on `target`.
   HBRUSH prepareDrawing(HDC target);
-  void forgetColors() { background_.reset(); }
+  /// Draws the text box anew, as after a change of the system's colours.
+  void redraw();
+  /// The colours that it shows: those that the host set, else the system's for a text box in its
+  /// state.
+  COLORREF shownForeColor() const;
+  COLORREF shownBackColor() const;
 
+  /// Takes a character that came to another window, as if it had been typed here.
+  void takeCharacter(WPARAM character, LPARAM keyData);
   void textChanged();
   void gotFocus();
   void lostFocus();
@@ -44,9 +52,11 @@ class Win32TextBox final : public TextBox, private Subclass {
   void setEnabled(Boolean enabled) override;
   Boolean readOnly() const override;
   void setReadOnly(Boolean readOnly) override;
-  std::int32_t foreColor() const override { return foreColor_; }
+  std::int32_t foreColor() const override {
+    return foreColor_.value_or(systemColor(COLOR_WINDOWTEXT));
+  }
   void setForeColor(std::int32_t color) override;
-  std::int32_t backColor() const override { return backColor_; }
+  std::int32_t backColor() const override { return backColor_.value_or(systemColor(COLOR_WINDOW)); }
   void setBackColor(std::int32_t color) override;
   Boolean fontBold() const override { return bold_; }
   void setFontBold(Boolean bold) override;
@@ -64,6 +74,10 @@ class Win32TextBox final : public TextBox, private Subclass {
   LRESULT onCharacter(UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT onKeyUp(UINT message, WPARAM wParam, LPARAM lParam);
   void reportMouse(UINT message, WPARAM wParam, LPARAM lParam);
+  void narrowToLine(RECT& inside) const;
+  void fillAroundLine();
+  RECT withinBorder() const;
+  LRESULT hitTest(WPARAM wParam, LPARAM lParam);
   HWND makeWindow(HWND parent) const;
   RECT place() const;
 
@@ -73,8 +87,8 @@ class Win32TextBox final : public TextBox, private Subclass {
   TextBoxObserver* observer_ = nullptr;
   Font font_;
   Brush background_;
-  std::int32_t foreColor_ = systemColor(COLOR_WINDOWTEXT);
-  std::int32_t backColor_ = systemColor(COLOR_WINDOW);
+  std::optional<std::int32_t> foreColor_;  // empty until the host sets one
+  std::optional<std::int32_t> backColor_;
   Boolean bold_;
   bool pressed_ = false;  // by the left button of the mouse
   String toolTipText_;

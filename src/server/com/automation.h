@@ -25,19 +25,21 @@ class Automation : public Object<Dual, ISupportErrorInfo, IProvideClassInfo2, Ot
     });
   }
 
-  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
+  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID interfaceId, LPOLESTR* names, UINT count, LCID,
                                           DISPID* ids) override {
     return member([&] {
+      requireNoInterface(interfaceId);
       if (!names || !ids) throw ComFailure{E_POINTER};
       require(typeInfo().GetIDsOfNames(names, count, ids));
     });
   }
 
-  HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* arguments,
-                                   VARIANT* result, EXCEPINFO* exception,
+  HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID interfaceId, LCID, WORD flags,
+                                   DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* exception,
                                    UINT* wrongArgument) override {
     HRESULT answer = S_OK;
     const HRESULT failure = member([&] {
+      requireNoInterface(interfaceId);
       const ComPtr<Dual> alive{this};
       Invocation invocation{typeInfo(), id, flags, target(arguments)};
       answer = invocation.run(static_cast<Dual*>(this), result, exception, wrongArgument);
@@ -75,6 +77,11 @@ class Automation : public Object<Dual, ISupportErrorInfo, IProvideClassInfo2, Ot
   }
 
  private:
+  /// IDispatch has a parameter for an interface that no caller may name.
+  static void requireNoInterface(REFIID id) {
+    if (id != IID_NULL) throw ComFailure{DISP_E_UNKNOWNINTERFACE};
+  }
+
   ITypeInfo& typeInfo() {
     if (!typeInfo_) typeInfo_ = loadTypeInfo(__uuidof(Dual));
     return *typeInfo_;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "server/com/failing_without_memory.h"
 #include "server/com/failures.h"
 #include "server/com/object.h"
 
@@ -10,6 +11,7 @@ template <class Class>
 class ClassFactory final : public Object<IClassFactory> {
  public:
   HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID id, void** result) override {
+    prepareToFail();
     return asComResult(__uuidof(IClassFactory), [&] {
       target(result) = nullptr;
       if (outer) throw ComFailure{CLASS_E_NOAGGREGATION};

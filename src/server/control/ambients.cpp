@@ -29,6 +29,11 @@ LONG color(IDispatch* container, DISPID id, LONG otherwise) {
   return read(container, id, VT_I4, value) ? value.lVal : otherwise;
 }
 
+String text(IDispatch* container, DISPID id) {
+  OwnedVariant value;
+  return read(container, id, VT_BSTR, value) ? String{viewOf(value.bstrVal)} : String{};
+}
+
 std::optional<LOGFONTW> fontOf(IDispatch* container) {
   OwnedVariant value;
   if (!read(container, DISPID_AMBIENT_FONT, VT_DISPATCH, value)) return {};
@@ -50,7 +55,8 @@ Ambients Ambients::of(IOleClientSite* site) {
           color(from, DISPID_AMBIENT_BACKCOLOR, systemColor(COLOR_BTNFACE)),
           color(from, DISPID_AMBIENT_FORECOLOR, systemColor(COLOR_WINDOWTEXT)),
           flag(from, DISPID_AMBIENT_RIGHTTOLEFT, false),
-          fontOf(from)};
+          fontOf(from),
+          text(from, DISPID_AMBIENT_DISPLAYNAME)};
 }
 
 }  // namespace keyscout

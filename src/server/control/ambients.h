@@ -6,6 +6,7 @@
 
 #include <optional>
 
+#include "base/text.h"
 #include "server/com/com_ptr.h"
 
 namespace keyscout {
@@ -19,6 +20,7 @@ struct Ambients {
   LONG foreColor;
   bool rightToLeft = false;
   std::optional<LOGFONTW> font;
+  String displayName;
 
   static Ambients of(IOleClientSite* site);
 };

@@ -9,18 +9,18 @@
 namespace keyscout {
 namespace {
 
-/// A colour as the host gave it, for the core to convert.
-Variant fromVariant(const VARIANT& given) {
+/// A colour as the host gave it, a number or a text that is one to the system: "&HFF", "1,000".
+/// What is none comes back as nothing, which the core refuses.
+Variant colorFrom(const VARIANT& given) {
   OwnedVariant plain;
   require(VariantCopyInd(&plain, const_cast<VARIANT*>(&given)));
-  if (plain.vt == VT_BSTR) return String{viewOf(plain.bstrVal)};
-  OwnedVariant number;
   // Colours beyond 31 bits come as unsigned numbers, too.
   if (plain.vt == VT_UI4) return static_cast<std::int32_t>(plain.ulVal);
+  OwnedVariant number;
   const bool isNumber =
-      plain.vt != VT_DISPATCH && SUCCEEDED(VariantChangeType(&number, &plain, 0, VT_R8));
+      plain.vt != VT_DISPATCH && SUCCEEDED(VariantChangeType(&number, &plain, 0, VT_I4));
   if (!isNumber) return std::monostate{};
-  return number.dblVal;
+  return static_cast<std::int32_t>(number.lVal);
 }
 
 void toVariant(const Variant& value, VARIANT& result) {
@@ -91,7 +91,7 @@ HRESULT ControlObject::get_ForeColor(VARIANT* result) {
 }
 HRESULT ControlObject::put_ForeColor(VARIANT value) {
   return call([&] {
-    control_.setForeColor(fromVariant(value));
+    control_.setForeColor(colorFrom(value));
     propertyChanged(ControlMember_ForeColor);
   });
 }
@@ -100,7 +100,7 @@ HRESULT ControlObject::get_BackColor(VARIANT* result) {
 }
 HRESULT ControlObject::put_BackColor(VARIANT value) {
   return call([&] {
-    control_.setBackColor(fromVariant(value));
+    control_.setBackColor(colorFrom(value));
     propertyChanged(ControlMember_BackColor);
   });
 }

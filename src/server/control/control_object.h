@@ -10,6 +10,10 @@
 
 namespace keyscout {
 
+/// What a person calls the control, at length and in a menu.
+inline constexpr const wchar_t* controlTitle = L"Keyscout catalog number lookup";
+inline constexpr const wchar_t* controlShortTitle = L"Keyscout";
+
 /// How the control behaves in a container: a thing inside the form, active while it is visible.
 inline constexpr DWORD controlMiscStatus = OLEMISC_RECOMPOSEONRESIZE | OLEMISC_CANTLINKINSIDE |
                                            OLEMISC_INSIDEOUT | OLEMISC_ACTIVATEWHENVISIBLE |

@@ -1,5 +1,7 @@
 // The control as an embedded object: its site, its size, and what the container asks of it.
 
+#include <string_view>
+
 #include "server/control/control_object.h"
 #include "server/control/extent.h"
 
@@ -78,8 +80,16 @@ HRESULT ControlObject::EnumVerbs(IEnumOLEVERB** result) {
 }
 
 HRESULT ControlObject::GetUserType(DWORD form, LPOLESTR* result) {
-  if (!result) return E_POINTER;
-  return OleRegGetUserType(classId, form, result);
+  return call([&] {
+    target(result) = nullptr;
+    // From here and not from the registry, where a host may have the library without registering
+    // it.
+    const std::wstring_view name = form == USERCLASSTYPE_FULL ? controlTitle : controlShortTitle;
+    const std::size_t bytes = (name.size() + 1) * sizeof(wchar_t);
+    *result = static_cast<LPOLESTR>(CoTaskMemAlloc(bytes));
+    if (!*result) throw ComFailure{E_OUTOFMEMORY};
+    (*result)[name.copy(*result, name.size())] = L'\0';
+  });
 }
 
 HRESULT ControlObject::SetExtent(DWORD aspect, SIZEL* size) {
@@ -167,6 +177,7 @@ void ControlObject::applyAmbients() {
   ambients_ = Ambients::of(site_.get());
   surface_.setBaseFont(ambients_.font ? &*ambients_.font : nullptr);
   surface_.setBackground(ambients_.backColor);
+  surface_.setDisplayName(ambients_.displayName);
   surface_.setRightToLeft(isRightToLeft());
   if (inPlaceSite_) surface_.setEnabled(takesInput());
   viewChanged();

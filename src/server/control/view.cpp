@@ -67,7 +67,7 @@ HRESULT ControlObject::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC
     };
     fill(context, area, colorOf(ambients_.backColor, GetSysColor(COLOR_BTNFACE)));
     area.bottom = std::min<LONG>(area.bottom, area.top + toTarget(surface_.textBox().height()));
-    fill(context, area, colorOf(surface_.textBox().backColor(), GetSysColor(COLOR_WINDOW)));
+    fill(context, area, surface_.textBox().shownBackColor());
     DrawEdge(context, &area, EDGE_SUNKEN, BF_RECT);
 
     LOGFONTW description = surface_.look().fontDescription();
@@ -77,8 +77,7 @@ HRESULT ControlObject::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC
     const Font font{CreateFontIndirectW(&description)};
     SelectObject(context, font.get());
     SetBkMode(context, TRANSPARENT);
-    const COLORREF fore = colorOf(surface_.textBox().foreColor(), GetSysColor(COLOR_WINDOWTEXT));
-    SetTextColor(context, control_.Enabled() ? fore : GetSysColor(COLOR_GRAYTEXT));
+    SetTextColor(context, surface_.textBox().shownForeColor());
     InflateRect(&area, -toTarget(surface_.look().inset()), 0);
     std::wstring text = toWide(control_.text());
     const UINT direction = isRightToLeft() ? DT_RIGHT : DT_LEFT;

@@ -134,12 +134,12 @@ void TestForm::type(const char* text) {
   for (; *text; ++text) key(LOBYTE(VkKeyScanW(static_cast<WCHAR>(*text))));
 }
 
-void TestForm::click(POINT onScreen) {
+void TestForm::click(POINT onScreen, DWORD down, DWORD up) {
   SetCursorPos(onScreen.x, onScreen.y);
   pump();
-  sendInput(mouseInput(MOUSEEVENTF_LEFTDOWN));
+  sendInput(mouseInput(down));
   pump();
-  sendInput(mouseInput(MOUSEEVENTF_LEFTUP));
+  sendInput(mouseInput(up));
   pump();
 }
 

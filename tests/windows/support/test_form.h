@@ -62,7 +62,7 @@ class TestForm {
 
   void key(WORD key, WORD modifier = 0);
   void type(const char* text);
-  void click(POINT onScreen);
+  void click(POINT onScreen, DWORD down = MOUSEEVENTF_LEFTDOWN, DWORD up = MOUSEEVENTF_LEFTUP);
   void pump();
 
   HWND surface(int control = 0);
