@@ -15,7 +15,7 @@ constexpr std::size_t lastStretch = 8192;
 // The lines that a list takes from the key on.
 constexpr std::size_t pageSize = 1024;
 // Whoever reads on beyond that reads on for long.
-constexpr std::size_t mostBlock = 16384;
+constexpr std::size_t maxBlock = 16384;
 
 bool hasNumber(std::string_view columns) { return columns.find_first_not_of(' ') != columns.npos; }
 
@@ -54,10 +54,10 @@ void TableReader::approach(const KeyOrder& key, std::uint64_t size) {
       case Finding::found: return;
       case Finding::undecided:
         // Long lines, or many without a number.
-        if (piece == lastStretch) return moveTo(stretch.begin, mostBlock);
+        if (piece == lastStretch) return moveTo(stretch.begin, maxBlock);
         piece = lastStretch;
         break;
-      case Finding::outOfOrder: return moveTo(0, mostBlock);
+      case Finding::outOfOrder: return moveTo(0, maxBlock);
     }
   }
   moveTo(stretch.begin, static_cast<std::size_t>(stretch.size()) + pageSize);
@@ -128,7 +128,7 @@ void TableReader::moveTo(std::uint64_t offset, std::size_t firstBlock) {
 std::size_t TableReader::read(char* to, std::size_t room) {
   const std::size_t count = file_->readAt(offset_, to, std::min(room, nextBlock_));
   offset_ += count;
-  nextBlock_ = std::min(mostBlock, nextBlock_ * 2);
+  nextBlock_ = std::min(maxBlock, nextBlock_ * 2);
   return count;
 }
 

@@ -127,13 +127,14 @@ void Win32Surface::listCloses() {
 /// alone.
 LRESULT CALLBACK Win32Surface::afterMessage(int code, WPARAM wParam, LPARAM lParam) {
   const auto* const done = pointerIn<const CWPRETSTRUCT*>(lParam);
-  const auto tellSurface = [](HWND child, LPARAM) -> BOOL {
-    if (isSurface(child)) SendMessageW(child, formMoved, 0, 0);
-    return TRUE;
-  };
   if (code == HC_ACTION && done->message == WM_WINDOWPOSCHANGED && !isSurface(done->hwnd))
-    EnumChildWindows(done->hwnd, tellSurface, 0);
+    EnumChildWindows(done->hwnd, &tellIfSurface, 0);
   return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+BOOL CALLBACK Win32Surface::tellIfSurface(HWND child, LPARAM /*unused*/) {
+  if (isSurface(child)) SendMessageW(child, formMoved, 0, 0);
+  return TRUE;
 }
 
 void Win32Surface::onFormMoved() {

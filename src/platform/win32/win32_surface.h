@@ -112,6 +112,7 @@ class Win32Surface final : public ControlSurface, private WidgetSite, private Fo
   void restore() noexcept;
   void eraseBackground(HDC target);
   static LRESULT CALLBACK afterMessage(int code, WPARAM wParam, LPARAM lParam);
+  static BOOL CALLBACK tellIfSurface(HWND child, LPARAM);
   void onFormMoved();
   void updateLook();
 
