@@ -66,8 +66,11 @@ void seal(const StagingFolder& staging, const std::vector<fs::path>& leftOver) {
 
 void removeLeftOver(const SealedStaging& sealed, const fs::path& directory) {
   if (!fs::exists(sealed.leftOver())) return;
-  InputFile names{sealed.leftOver()};
-  while (!names.atEnd()) fs::remove(directory / pathNamed(names.readLine()));
+  {
+    // Closed before it goes: Windows removes no open file.
+    InputFile names{sealed.leftOver()};
+    while (!names.atEnd()) fs::remove(directory / pathNamed(names.readLine()));
+  }
   // A name that differs in letter case only may be that of a new file; it must not go twice.
   fs::remove(sealed.leftOver());
 }
