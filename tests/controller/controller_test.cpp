@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <thread>
 
 #include "base/utf8.h"
@@ -124,8 +125,8 @@ TEST_F(Controller, KeepsForTheHostWhatItSets) {
   const auto brands = std::make_shared<LocalBrandList>();
   controller.setAuthorizedBrands(brands);
   EXPECT_EQ(other.authorizedBrands(), brands);
-  using Getter = Boolean (RWKeyscoutController::*)() const;
-  using Setter = void (RWKeyscoutController::*)(Boolean);
+  using Getter = std::function<Boolean(const RWKeyscoutController&)>;
+  using Setter = std::function<void(RWKeyscoutController&, Boolean)>;
   const std::pair<Getter, Setter> flags[] = {
       {&RWKeyscoutController::hasdataIntegrity, &RWKeyscoutController::setHasdataIntegrity},
       {&RWKeyscoutController::isInitialized, &RWKeyscoutController::setIsInitialized},
@@ -134,10 +135,10 @@ TEST_F(Controller, KeepsForTheHostWhatItSets) {
       {&RWKeyscoutController::KeyscoutEnabled, &RWKeyscoutController::setKeyscoutEnabled},
       {&RWKeyscoutController::KeyscoutLocked, &RWKeyscoutController::setKeyscoutLocked}};
   for (const auto& [get, set] : flags) {
-    EXPECT_FALSE((other.*get)());
-    (controller.*set)(Boolean::stored(5));
-    EXPECT_EQ((other.*get)().number(), 5);
-    (controller.*set)(False);
+    EXPECT_FALSE(get(other));
+    set(controller, Boolean::stored(5));
+    EXPECT_EQ(get(other).number(), 5);
+    set(controller, False);
   }
 
   RWKeyscoutCatalogData record;
