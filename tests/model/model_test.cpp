@@ -45,6 +45,7 @@ struct Step {
   int number = 0;  // a key, an entry, or yes and no
   int shift = 0;
   std::string text = {};
+  int times = 1;  // that a key is pressed
 };
 
 constexpr const char* names[] = {"focus",  "leave",   "type",     "paste",   "press",    "click",
@@ -54,7 +55,7 @@ constexpr const char* names[] = {"focus",  "leave",   "type",     "paste",   "pr
 std::string describe(const Step& step) {
   return std::string{names[step.kind]} + " field " + std::to_string(step.field) + " " +
          std::to_string(step.number) + " shift " + std::to_string(step.shift) + " \"" + step.text +
-         "\"";
+         "\" times " + std::to_string(step.times);
 }
 
 /// How the two sides tell what they show.
@@ -84,7 +85,9 @@ class Plain {
       case Step::leave: return form_.moveFocus(nullptr, PlainForm::Place::text);
       case Step::type: return PlainField::type(form_, step.text.front());
       case Step::paste: return PlainField::paste(form_, step.text);
-      case Step::press: return PlainField::press(form_, step.number, step.shift);
+      case Step::press:
+        for (int i = 0; i < step.times; ++i) PlainField::press(form_, step.number, step.shift);
+        return;
       case Step::click: return field.click(step.number);
       case Step::mouse: return field.releaseMouse();
       case Step::setText: return field.setText(step.text);
@@ -164,7 +167,12 @@ class Real {
       case Step::leave: return form_.leaveFocus();
       case Step::type: return form_.type(static_cast<char16_t>(step.text.front()));
       case Step::paste: return form_.paste(fromUtf8(step.text));
-      case Step::press: form_.keyDown(number, shift); return form_.keyUp(number, shift);
+      case Step::press:
+        for (int i = 0; i < step.times; ++i) {
+          form_.keyDown(number, shift);
+          form_.keyUp(number, shift);
+        }
+        return;
       case Step::click: return field.surface->click(number);
       case Step::mouse: return field.surface->mouse(MouseReport::up, 1, 0, 1, 1);
       case Step::setText: return control.setText(fromUtf8(step.text));
@@ -266,6 +274,10 @@ Step randomStep(std::mt19937& random, const PlainCatalog& catalog, const Plain& 
                 static_cast<int>(below(static_cast<std::size_t>(plain.entryCount(field))))};
       return {Step::press, field, 40};
     case 21: return {Step::press, field, below(2) == 0 ? 38 : 40, 4};
+    case 22:
+    case 23:
+    case 24:  // down to the last entry, and on
+      return {Step::press, field, 40, 0, "", static_cast<int>(9 + below(20))};
     default: break;
   }
   if (below(2) == 0) return {Step::press, field, keys[below(std::size(keys))]};

@@ -1,6 +1,7 @@
 #include "model/plain_catalog.h"
 
 #include <set>
+#include <utility>
 
 namespace keyscout::test {
 namespace {
@@ -63,12 +64,13 @@ class CatalogMaker {
     const std::string file = catalog.index[table].number + ".txt";
     auto& lines = catalog.files[file];
     std::string& line = lines[below(lines.size())];
-    switch (below(6)) {
+    switch (below(7)) {
       case 0: catalog.files.erase(file); break;
       case 1: lines.clear(); break;
       case 2: line.resize(69); break;
       case 3: line.replace(0, 10, "x         "); break;
       case 4: catalog.index[table].number = std::to_string(below(catalog.index.size() + 1)); break;
+      case 5: std::swap(catalog.index[table].last, catalog.index.front().last); break;
       default: catalog.index.clear(); break;
     }
   }

@@ -158,7 +158,7 @@ void PlainField::textGotFocus() {
 }
 
 void PlainField::textLostFocus() {
-  if (!isListShowing) list.reset();
+  if (!isListShowing) removeList();
   suppressAccept = false;
 }
 
@@ -273,6 +273,14 @@ void PlainField::writeText(const std::string& newText) {
   text = newText;
   caret = 0;
   form_.handle([&] { textChanged(); });
+}
+
+void PlainField::removeList() {
+  list.reset();
+  // What had the focus is gone, and nothing else gets it.
+  if (form_.focused != this || form_.place != PlainForm::Place::list) return;
+  form_.focused = nullptr;
+  form_.handle([&] { form_.waiting_.emplace_back([this] { focusLeft(); }); });
 }
 
 void PlainField::select(int entry) {

@@ -37,6 +37,8 @@ struct PlainForm {
   void moveFocus(PlainField* field, Place to);
 
  private:
+  friend class PlainField;
+
   std::deque<std::function<void()>> waiting_;
   int depth_ = 0;
 };
@@ -96,6 +98,7 @@ class PlainField {
 
   // The widgets
   List& mustHaveList();
+  void removeList();
   void writeText(const std::string& newText);
   void select(int entry);
   void moveSelection(int key);
