@@ -28,7 +28,7 @@ inline constexpr std::string_view sizes = "SIZES ";
 inline constexpr std::string_view end = "END ";
 
 /// In bytes. Reading a larger one at every keystroke would cost more than it spares.
-inline constexpr std::uint64_t maxSize = 1024 * 1024;
+inline constexpr std::uint64_t maxSize = std::uint64_t{1024} * 1024;
 
 /// A digest as it is written: 16 hexadecimal digits.
 std::string digestText(std::uint64_t digest);
