@@ -22,13 +22,40 @@ constexpr std::array<std::string_view, 20> brands = {
     "HALDOR",  "IRONELLE", "JUNOVA",  "KELVARA",  "LUMENTO", "MARLOND", "NORDWIN",
     "OPTRANE", "PELLAR",   "QUANTEX", "RUBENS",   "SILEXA",  "TARGONE"};
 
-// AA000-0000 to ZZ999-9999, of which every catalog takes numbers at equal distances.
+// Behind two letters 000-0000 to 999-9999.
 constexpr std::uint64_t lastPart = 10'000;
-constexpr std::uint64_t middlePart = 1'000;
-constexpr std::uint64_t allNumbers = letters.size() * letters.size() * middlePart * lastPart;
+constexpr std::uint64_t numbersOfPrefix = 1'000 * lastPart;
+constexpr std::uint64_t allNumbers = letters.size() * letters.size() * numbersOfPrefix;
 
 constexpr std::size_t maxTables = 1001;
 constexpr std::size_t families = 500;
+
+std::string prefix(std::size_t which) {
+  return {letters[which / letters.size()], letters[which % letters.size()]};
+}
+
+std::string digits(std::uint64_t value) {
+  char text[16];
+  std::snprintf(text, sizeof text, "%03u-%04u", static_cast<unsigned>(value / lastPart),
+                static_cast<unsigned>(value % lastPart));
+  return text;
+}
+
+/// The number at `position` of a family of `size`. Four kinds of families take turns: evenly
+/// spread, ever thinner, in runs of a hundred neighbours, and of letters.
+std::string numberOfFamily(std::size_t family, std::size_t position, std::size_t size) {
+  const std::uint64_t distance = numbersOfPrefix / size;
+  switch (family % 4) {
+    case 0: return prefix(family) + digits(position * distance);
+    case 1: return prefix(family) + digits(position + position * position / size * (distance - 1));
+    case 2: return prefix(family) + digits(position / 100 * 100 * distance + position % 100);
+    default: break;
+  }
+  std::string text(5, ' ');
+  for (auto letter = text.rbegin(); letter != text.rend(); ++letter, position /= letters.size())
+    *letter = letters[position % letters.size()];
+  return prefix(family) + "/" + text;
+}
 
 }  // namespace
 
@@ -45,14 +72,12 @@ std::string BenchCatalog::name() const {
 }
 
 std::string BenchCatalog::number(std::size_t position) const {
+  if (layout_ == Layout::families) {
+    const std::size_t size = size_ / families;
+    return numberOfFamily(position / size, position % size, size);
+  }
   const std::uint64_t value = position * (allNumbers / size_);
-  const std::uint64_t head = value / (middlePart * lastPart);
-  char text[16];
-  std::snprintf(text, sizeof text, "%c%c%03u-%04u", letters[head / letters.size()],
-                letters[head % letters.size()],
-                static_cast<unsigned>(value / lastPart % middlePart),
-                static_cast<unsigned>(value % lastPart));
-  return text;
+  return prefix(value / numbersOfPrefix) + digits(value % numbersOfPrefix);
 }
 
 std::string BenchCatalog::brand(std::size_t position) const {

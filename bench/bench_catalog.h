@@ -7,10 +7,9 @@
 
 namespace keyscout::bench {
 
-/// How the twenty usual brands share the numbers.
 enum class Layout {
-  mixed,    // number by number
-  families  // in runs of thousands of numbers, as makers give them
+  mixed,    // evenly spread numbers, which the twenty usual brands share one by one
+  families  // families of numbers, each of one brand and with a spread of its own
 };
 
 /// A data directory of made-up numbers, the same ones at every run. Made at first use, which takes

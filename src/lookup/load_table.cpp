@@ -38,7 +38,9 @@ bool LookupEngine::fillList(const String& key, std::int16_t maxCount, const Stri
 
   BrandTables brands{platform_, *module_, brandFilter};
   if (isFull()) return true;
-  if (const auto line = table->readFirstFor(key)) offer(*line, brandFilter);
+  const TableReader::Range range{module_->getFirstCatalog(fields_.currentTableIndex),
+                                 module_->getLastCatalog(fields_.currentTableIndex)};
+  if (const auto line = table->readFirstFor(key, range)) offer(*line, brandFilter);
 
   while (!isFull()) {
     if (!table->atEnd()) {

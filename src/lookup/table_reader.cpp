@@ -3,13 +3,14 @@
 #include <algorithm>
 #include <utility>
 
+#include "lookup/place_between.h"
 #include "shared/data_format/catalog_line.h"
 
 namespace keyscout {
 namespace {
 
-// Some six lines, of which a decision needs two.
-constexpr std::size_t pieceSize = 512;
+// Some twenty lines: a good guess at the line's place is seldom further off.
+constexpr std::size_t pieceSize = 2048;
 // Reading so much line by line takes about as long as looking at one more piece.
 constexpr std::size_t lastStretch = 8192;
 // The lines that a list takes from the key on.
@@ -29,11 +30,22 @@ TableReader::TableReader(std::unique_ptr<RandomAccessFile> file, const CodePage&
       kept_(kept),
       nextBlock_(pageSize) {}
 
-std::optional<std::string_view> TableReader::readFirstFor(StringView key) {
+TableReader::Number::Number(StringView text) : size_(std::min(text.size(), bytes_.size())) {
+  std::ranges::transform(text.substr(0, size_), bytes_.begin(), [](char16_t unit) {
+    return static_cast<char>(std::min<char16_t>(unit, 0xFF));
+  });
+}
+
+void TableReader::Number::keep(std::string_view columns) {
+  columns.remove_prefix(std::min(columns.find_first_not_of(' '), columns.size()));
+  size_ = columns.copy(bytes_.data(), bytes_.size());
+}
+
+std::optional<std::string_view> TableReader::readFirstFor(StringView key, const Range& range) {
   const KeyOrder order{key, codePage_};
   const auto size = file_->size();
   // Nothing is below an empty key, not even a line without a number.
-  if (size && !key.empty()) approach(order, *size);
+  if (size && !key.empty()) approach(order, key, range, *size);
   // A file that has shrunk meanwhile may have no line left here.
   if (atEnd()) moveTo(0, pageSize);
   if (atEnd()) return std::nullopt;
@@ -44,12 +56,20 @@ std::optional<std::string_view> TableReader::readFirstFor(StringView key) {
 }
 
 /// Moves to a line from which reading line by line leads to the same line as from the top.
-void TableReader::approach(const KeyOrder& key, std::uint64_t size) {
+void TableReader::approach(const KeyOrder& order, StringView key, const Range& range,
+                           std::uint64_t size) {
+  const Number sought{key};
+  const Number first{range.first};
+  const Number last{range.last};
   Stretch stretch;
   stretch.end = size;
   std::size_t piece = pieceSize;
-  while (stretch.size() > lastStretch) {
-    switch (look(key, stretch, piece)) {
+  for (int looks = 1; stretch.size() > lastStretch; ++looks) {
+    // However unevenly the numbers are spread: every third look goes to the middle.
+    const double share = looks % 3 == 0 ? 0.5
+                                        : placeBetween(stretch.first.textOr(first),
+                                                       stretch.behind.textOr(last), sought.text());
+    switch (look(order, stretch, stretch.placeOf(piece, share), piece)) {
       case Finding::narrower: piece = pieceSize; break;
       case Finding::found: return;
       case Finding::undecided:
@@ -63,11 +83,15 @@ void TableReader::approach(const KeyOrder& key, std::uint64_t size) {
   moveTo(stretch.begin, static_cast<std::size_t>(stretch.size()) + pageSize);
 }
 
-/// Looks at the lines of a piece in the middle of the stretch and narrows it by what they tell.
-/// Found is the line where the piece holds it: it is read on from there then.
-TableReader::Finding TableReader::look(const KeyOrder& key, Stretch& stretch,
+std::uint64_t TableReader::Stretch::placeOf(std::size_t piece, double share) const {
+  const auto target = static_cast<std::uint64_t>(share * static_cast<double>(size()));
+  return begin + std::clamp<std::uint64_t>(target, piece / 2, size() - piece / 2) - piece / 2;
+}
+
+/// Looks at the lines of the piece at `place` and narrows the stretch by what they tell. Found is
+/// the line where the piece holds it: it is read on from there then.
+TableReader::Finding TableReader::look(const KeyOrder& key, Stretch& stretch, std::uint64_t place,
                                        std::size_t pieceSize) {
-  const std::uint64_t place = stretch.begin + (stretch.size() - pieceSize) / 2;
   char* const bytes = emptyBuffer().data();
   const std::string_view piece{bytes, file_->readAt(place, bytes, pieceSize)};
 
@@ -75,7 +99,7 @@ TableReader::Finding TableReader::look(const KeyOrder& key, Stretch& stretch,
   std::size_t linesBelow = 0;
   std::size_t lastBelow = none;
   std::size_t firstNotBelow = none;
-  std::string_view number = stretch.first.columns();
+  std::string_view number = stretch.first.text();
   std::string_view numberBelow;
   std::string_view numberNotBelow;
   for (std::size_t end = piece.find('\n'); end != none;) {
@@ -97,8 +121,7 @@ TableReader::Finding TableReader::look(const KeyOrder& key, Stretch& stretch,
       numberNotBelow = next;
     }
   }
-  if (isNumberBelow(stretch.behind.columns(), number, codePage_) &&
-      hasNumber(stretch.behind.columns()))
+  if (isNumberBelow(stretch.behind.text(), number, codePage_) && hasNumber(stretch.behind.text()))
     return Finding::outOfOrder;
 
   // A lone number below the key may be one that is below its place. One that is not below the key

@@ -17,7 +17,8 @@ namespace keyscout {
 /// Reads a catalog table line by line, from its first line or from the one that a key leads to.
 ///
 /// The numbers of a table ascend, so the way to a key is found by looking at a few small pieces of
-/// the file, each in the middle of what is left, and only the last stretch is read line by line.
+/// the file, where the key should stand by the numbers around it or in the middle of what is left,
+/// and only the last stretch is read line by line.
 /// What is found is what reading line by line from the top would find: the first line whose number
 /// is not below the key, with equal numbers the first of them, and where all numbers are below it
 /// the table's last line. This also holds where
@@ -36,16 +37,28 @@ class TableReader final : public SequentialFile {
   TableReader(std::unique_ptr<RandomAccessFile> file, const CodePage& codePage, Buffer& kept);
   ~TableReader() override { kept_ = releaseBuffer(); }
 
+  /// Where the numbers of a table are said to begin and to end. A wrong word costs time alone.
+  struct Range {
+    StringView first;
+    StringView last;
+  };
+
   /// Where nothing has been read yet: the line that `key` leads to, as `readLine` gives it; those
   /// behind it follow. Absent for a table without a line. Fails as `readLine` does.
-  std::optional<std::string_view> readFirstFor(StringView key);
+  std::optional<std::string_view> readFirstFor(StringView key, const Range& range);
 
  private:
-  /// The number of a line that is not in memory any more.
+  /// A number that does not stand in the buffer.
   class Number {
    public:
-    void keep(std::string_view columns) { size_ = columns.copy(bytes_.data(), bytes_.size()); }
-    std::string_view columns() const { return {bytes_.data(), size_}; }
+    Number() = default;
+    /// What has no byte of its own stands behind all that have one.
+    explicit Number(StringView text);
+    void keep(std::string_view columns);
+    std::string_view text() const { return {bytes_.data(), size_}; }
+    std::string_view textOr(const Number& other) const {
+      return size_ != 0 ? text() : other.text();
+    }
 
    private:
     std::array<char, 60> bytes_{};
@@ -61,14 +74,16 @@ class TableReader final : public SequentialFile {
     Number behind;
 
     std::uint64_t size() const { return end - begin; }
+    /// Where a piece of so many bytes begins whose middle stands at `share` of the way.
+    std::uint64_t placeOf(std::size_t piece, double share) const;
   };
 
   enum class Finding { narrower, found, undecided, outOfOrder };
 
   std::size_t read(char* to, std::size_t room) override;
   void moveTo(std::uint64_t offset, std::size_t firstBlock);
-  void approach(const KeyOrder& key, std::uint64_t size);
-  Finding look(const KeyOrder& key, Stretch& stretch, std::size_t pieceSize);
+  void approach(const KeyOrder& order, StringView key, const Range& range, std::uint64_t size);
+  Finding look(const KeyOrder& key, Stretch& stretch, std::uint64_t place, std::size_t pieceSize);
 
   std::unique_ptr<RandomAccessFile> file_;
   const CodePage& codePage_;
