@@ -1,7 +1,6 @@
 #include "lookup/brand_tables.h"
 
 #include "shared/data_format/directory_files.h"
-#include "shared/list_admission.h"
 
 namespace keyscout {
 
@@ -21,9 +20,7 @@ bool BrandTables::admitNothingOf(std::int16_t position, StringView path) noexcep
 }
 
 void BrandTables::readBrandIndex() {
-  const auto& authorized = module_.authorizedBrands;
-  const bool admitsAll = brandFilter_.empty() && (!authorized || authorized->count() == 0);
-  if (admitsAll || !module_.catalogIndexDigest) return;
+  if (brands_.areAll() || !module_.catalogIndexDigest) return;
   const String path = module_.KeyscoutDirectory + String{DirectoryFiles::brandIndex};
   const FileStamp stamp = platform_.files.stamp(path);
   if (stamp.size > BrandIndexFormat::maxSize) return;
@@ -36,9 +33,7 @@ void BrandTables::readBrandIndex() {
   String name;
   while (const auto brand = reader.nextBrand()) {
     platform_.codePage.decode(brand->name, name);
-    const bool isAdmitted =
-        brandFilter_.empty() ? isAuthorizedBrand(module_, name) : name == brandFilter_;
-    if (isAdmitted) admitted_ |= brand->tables;
+    if (brands_.include(name)) admitted_ |= brand->tables;
   }
   sizes_ = reader.tableSizes();
   written_ = stamp.lastModified;

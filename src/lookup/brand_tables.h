@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/text.h"
+#include "lookup/admitted_brands.h"
 #include "platform/platform.h"
 #include "shared/data_format/brand_index.h"
 #include "shared/keyscout_module.h"
@@ -20,11 +21,11 @@ namespace keyscout {
 class BrandTables {
  public:
   /// All must outlive the object.
-  BrandTables(const Platform& platform, const keyscoutModule& module, const String& brandFilter)
-      : platform_(platform), module_(module), brandFilter_(brandFilter) {}
+  BrandTables(const Platform& platform, const keyscoutModule& module, AdmittedBrands& brands)
+      : platform_(platform), module_(module), brands_(brands) {}
 
   /// True when the table at `position` of the index, in the file `path`, is there and holds no
-  /// catalog number that the brand filter and the authorized brands admit.
+  /// catalog number of an admitted brand.
   [[nodiscard]] bool admitNothingOf(std::int16_t position, StringView path) noexcept;
 
  private:
@@ -32,7 +33,7 @@ class BrandTables {
 
   const Platform& platform_;
   const keyscoutModule& module_;
-  const String& brandFilter_;
+  AdmittedBrands& brands_;
   bool isRead_ = false;
   bool isTrusted_ = false;
   TableSet admitted_;

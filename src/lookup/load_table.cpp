@@ -1,6 +1,7 @@
 #include <optional>
 
 #include "base/numbers.h"
+#include "lookup/admitted_brands.h"
 #include "lookup/brand_tables.h"
 #include "lookup/list_limits.h"
 #include "lookup/lookup_engine.h"
@@ -36,15 +37,16 @@ bool LookupEngine::fillList(const String& key, std::int16_t maxCount, const Stri
     return count >= maxCount || count >= ListLimits::maxEntries;
   };
 
-  BrandTables brands{platform_, *module_, brandFilter};
+  AdmittedBrands brands{*module_, brandFilter};
+  BrandTables brandTables{platform_, *module_, brands};
   if (isFull()) return true;
   const TableReader::Range range{module_->getFirstCatalog(fields_.currentTableIndex),
                                  module_->getLastCatalog(fields_.currentTableIndex)};
-  if (const auto line = table->readFirstFor(key, range)) offer(*line, brandFilter);
+  if (const auto line = table->readFirstFor(key, range)) offer(*line, brands);
 
   while (!isFull()) {
     if (!table->atEnd()) {
-      offer(table->readLine(), brandFilter);
+      offer(table->readLine(), brands);
       fields_.tableLoadPending = False;
       continue;
     }
@@ -57,7 +59,7 @@ bool LookupEngine::fillList(const String& key, std::int16_t maxCount, const Stri
       }
       // All tables but the first are named by their positions.
       path = tablePath(decimal(fields_.currentTableIndex));
-    } while (brands.admitNothingOf(fields_.currentTableIndex, path));
+    } while (brandTables.admitNothingOf(fields_.currentTableIndex, path));
     table.emplace(openNextTable(path), platform_.codePage, tableBuffer_);
   }
   return true;
@@ -83,15 +85,14 @@ String LookupEngine::tablePath(StringView designation) const {
   return module_->KeyscoutDirectory + String{designation} + fields_.tableFileExtension;
 }
 
-/// Adds the line's catalog number to the list when the brand filter and the authorized brands admit
-/// it and the list does not hold it yet.
-void LookupEngine::offer(std::string_view bytes, const String& brandFilter) {
+/// Adds the line's catalog number to the list when its brand is admitted and the list does not hold
+/// it yet.
+void LookupEngine::offer(std::string_view bytes, AdmittedBrands& brands) {
   const CatalogLine line{bytes};
   platform_.codePage.decode(line.brand(), offeredBrand_);
-  if (!brandFilter.empty() && brandFilter != offeredBrand_) return;
+  if (!brands.include(offeredBrand_)) return;
   platform_.codePage.decode(line.catalogNumber(), offeredNumber_);
   if (collectionHasKey(fields_.catalogEntries, offeredNumber_)) return;
-  if (!isAuthorizedBrand(*module_, offeredBrand_)) return;
 
   client_.list().append(offeredNumber_);
   fields_.catalogEntries.add(

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string_view>
 
+#include "lookup/admitted_brands.h"
 #include "lookup/lookup_client.h"
 #include "lookup/lookup_fields.h"
 #include "platform/platform.h"
@@ -53,7 +54,7 @@ class LookupEngine {
   std::unique_ptr<RandomAccessFile> openNextTable(const String& path);
   void markEndOfCatalog();
   String tablePath(StringView designation) const;
-  void offer(std::string_view line, const String& brandFilter);
+  void offer(std::string_view line, AdmittedBrands& brands);
 
   Platform& platform_;
   LookupClient& client_;

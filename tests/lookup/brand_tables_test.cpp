@@ -108,7 +108,7 @@ TEST(BrandTables, WhatHoldsNoAdmittedBrandIsNotRead) {
   };
   const Case cases[] = {
       {u"ACME", {}, {"A01", "A25"}, 3},
-      {u"ACME", {u"BOLT"}, {}, 3},
+      {u"ACME", {u"BOLT"}, {}, 2},
       {u"", {u"acme", u"CIRA"}, {"A01", "A25"}, 3},
       {u"", {u""}, {"A13"}, 3},
       {u"", {u"CIRA"}, {}, 2},

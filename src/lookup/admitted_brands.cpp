@@ -1,0 +1,19 @@
+#include "lookup/admitted_brands.h"
+
+#include "shared/list_admission.h"
+
+namespace keyscout {
+
+bool AdmittedBrands::areAll() const {
+  const auto authorized = module_.authorizedBrands;
+  return filter_.empty() && (!authorized || authorized->count() == 0);
+}
+
+bool AdmittedBrands::include(const String& brand) {
+  if (!filter_.empty() && brand != filter_) return false;
+  const auto known = answers_.find(brand);
+  if (known != answers_.end()) return known->second;
+  return answers_.emplace(brand, isAuthorizedBrand(module_, brand)).first->second;
+}
+
+}  // namespace keyscout
