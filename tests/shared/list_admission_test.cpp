@@ -22,6 +22,40 @@ TEST(ListAdmission, AsksWhetherABrandIsAuthorized) {
     EXPECT_EQ(isAuthorizedBrand(module, brand), expected) << toUtf8(brand);
 }
 
+/// A host's list that, asked, takes itself away from the state.
+class VanishingList final : public BrandCollection {
+ public:
+  VanishingList(keyscoutModule& module, std::string when)
+      : module_(module), when_(std::move(when)) {}
+
+  std::size_t count() const override {
+    if (when_ == "count") module_.authorizedBrands = nullptr;
+    return 1;
+  }
+  std::shared_ptr<const BrandItem> item(StringView brand) const override {
+    if (when_ == "item") module_.authorizedBrands = nullptr;
+    if (brand != brand_) throw platformFailure(PlatformError::invalidArgument, u"BrandList");
+    return std::make_shared<BrandItem>();
+  }
+
+ private:
+  keyscoutModule& module_;
+  const std::string when_;
+  const String brand_ = u"a brand too long to be kept inside the string";
+};
+
+TEST(ListAdmission, TheHostMayTakeTheListAwayWhileItIsAsked) {
+  for (const char* when : {"count", "item"})
+    for (const auto& [brand, expected] :
+         {std::pair<StringView, bool>{u"a brand too long to be kept inside the string", true},
+          {u"another", false}}) {
+      keyscoutModule module;
+      module.authorizedBrands = std::make_shared<VanishingList>(module, when);
+      EXPECT_EQ(isAuthorizedBrand(module, brand), expected) << when;
+      EXPECT_FALSE(module.authorizedBrands);
+    }
+}
+
 TEST(ListAdmission, FindsWhatTheListHoldsInAnyLetterCase) {
   KeyedCollection<int> entries;
   EXPECT_FALSE(collectionHasKey(entries, u"AB-1"));
