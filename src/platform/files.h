@@ -38,7 +38,7 @@ class Files {
   /// When the file was last written, to the second. Fails as `open` does.
   virtual std::chrono::sys_seconds lastModified(StringView path) = 0;
 
-  /// What the file is known by, without opening it. Fails as `open` does.
+  /// What the file is known by, without a look at its contents. Fails as `open` does.
   virtual FileStamp stamp(StringView path) = 0;
 };
 

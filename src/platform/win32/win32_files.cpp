@@ -8,6 +8,14 @@
 namespace keyscout {
 namespace {
 
+// The system would take the name to end there.
+bool hasNul(StringView path) { return path.find(u'\0') != path.npos; }
+
+std::wstring nativePath(StringView path) {
+  if (hasNul(path)) throw platformFailure(PlatformError::fileAccess, u"Files");
+  return toWide(path);
+}
+
 bool isDirectory(const std::wstring& path) {
   const DWORD attributes = GetFileAttributesW(path.c_str());
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
@@ -49,16 +57,20 @@ struct HandleCloser {
 };
 using FileHandle = std::unique_ptr<void, HandleCloser>;
 
+// The download process may write or replace the file meanwhile; nothing here must stop it.
+FileHandle openRegularFile(const std::wstring& path, DWORD access) {
+  FileHandle file{CreateFileW(path.c_str(), access,
+                              FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                              OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr)};
+  if (file.get() == INVALID_HANDLE_VALUE) throw fileFailure(GetLastError(), path);
+  if (GetFileType(file.get()) != FILE_TYPE_DISK)
+    throw platformFailure(PlatformError::fileAccess, u"Files");
+  return file;
+}
+
 class Win32File final : public RandomAccessFile {
  public:
-  // The download process may write or replace the file meanwhile; reading must not stop it.
-  explicit Win32File(const std::wstring& path)
-      : handle_(CreateFileW(path.c_str(), GENERIC_READ,
-                            FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                            OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr)) {
-    if (handle_.get() == INVALID_HANDLE_VALUE) throw fileFailure(GetLastError(), path);
-    if (GetFileType(handle_.get()) != FILE_TYPE_DISK)
-      throw platformFailure(PlatformError::fileAccess, u"Files");
+  explicit Win32File(const std::wstring& path) : handle_(openRegularFile(path, GENERIC_READ)) {
     LARGE_INTEGER size{};
     if (!GetFileSizeEx(handle_.get(), &size))
       throw platformFailure(PlatformError::fileAccess, u"Files");
@@ -88,10 +100,11 @@ class Win32File final : public RandomAccessFile {
 }  // namespace
 
 std::unique_ptr<RandomAccessFile> Win32Files::openAtOffsets(StringView path) {
-  return std::make_unique<Win32File>(toWide(path));
+  return std::make_unique<Win32File>(nativePath(path));
 }
 
 bool Win32Files::exists(StringView path) {
+  if (hasNul(path)) return false;
   const DWORD attributes = GetFileAttributesW(toWide(path).c_str());
   return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
 }
@@ -101,11 +114,9 @@ std::chrono::sys_seconds Win32Files::lastModified(StringView path) {
 }
 
 FileStamp Win32Files::stamp(StringView path) {
-  const std::wstring wide = toWide(path);
-  WIN32_FILE_ATTRIBUTE_DATA data{};
-  if (!GetFileAttributesExW(wide.c_str(), GetFileExInfoStandard, &data))
-    throw fileFailure(GetLastError(), wide);
-  if (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)
+  const FileHandle file = openRegularFile(nativePath(path), FILE_READ_ATTRIBUTES);
+  BY_HANDLE_FILE_INFORMATION data{};
+  if (!GetFileInformationByHandle(file.get(), &data))
     throw platformFailure(PlatformError::fileAccess, u"Files");
   const auto joined = [](DWORD high, DWORD low) { return std::uint64_t{high} << 32 | low; };
   // Windows counts units of 100 ns from the year 1601.
