@@ -53,11 +53,11 @@ class HostArguments {
   std::span<VARIANT> inOrderOfCalls() { return std::span{given_}.subspan(first_); }
 
  private:
-  static constexpr std::size_t most = 6;
+  static constexpr std::size_t room = 6;
 
-  std::array<OwnedVariant, most> values_;
-  std::array<VARIANT, most> given_{};
-  std::size_t first_ = most;
+  std::array<OwnedVariant, room> values_;
+  std::array<VARIANT, room> given_{};
+  std::size_t first_ = room;
 };
 
 }  // namespace keyscout

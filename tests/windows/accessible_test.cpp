@@ -5,7 +5,6 @@
 #include <oleacc.h>
 
 #include <algorithm>
-#include <bit>
 
 #include "support/test_form.h"
 
@@ -22,7 +21,7 @@ VARIANT child(LONG number) {
 ComPtr<IAccessible> accessible(HWND window) {
   ComPtr<IAccessible> object;
   AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible),
-                             std::bit_cast<void**>(object.put()));
+                             object.putAny());
   return object;
 }
 
@@ -134,6 +133,35 @@ TEST(Accessible, TheOpenListAndItsEntries) {
   ASSERT_FALSE(form.combo());
   EXPECT_EQ(list->get_accChildCount(&count), S_OK);
   EXPECT_EQ(count, 0);
+}
+
+/// What a client that knows names and numbers of members alone, as a script does, is answered.
+std::string askByNumber(IDispatch& object, DISPID member, LONG number) {
+  VARIANT which = child(number);
+  DISPPARAMS arguments{&which, nullptr, 1, 0};
+  OwnedVariant result;
+  EXPECT_EQ(object.Invoke(member, IID_NULL, 0, DISPATCH_PROPERTYGET, &arguments, &result, nullptr,
+                          nullptr),
+            S_OK);
+  return result.vt == VT_BSTR ? narrow(result.bstrVal) : std::to_string(result.lVal);
+}
+
+TEST(Accessible, ScriptsLearnTheSame) {
+  TestForm form;
+  putBefore(form, addLabel(form, L"Catalog &number"));
+  form.enter();
+  form.type("ab");
+  const auto text = accessible(form.edit());
+  const auto list = accessible(form.dropDown());
+  ASSERT_TRUE(text && list);
+  EXPECT_EQ(askByNumber(*text, DISPID_ACC_NAME, CHILDID_SELF), "Catalog number");
+  EXPECT_EQ(askByNumber(*list, DISPID_ACC_NAME, 3), "AB-102");
+  EXPECT_EQ(askByNumber(*list, DISPID_ACC_ROLE, 3), std::to_string(ROLE_SYSTEM_LISTITEM));
+  DISPPARAMS none{};
+  OwnedVariant count;
+  EXPECT_EQ(text->Invoke(DISPID_ACC_CHILDCOUNT, IID_IAccessible, 0, DISPATCH_PROPERTYGET, &none,
+                         &count, nullptr, nullptr),
+            DISP_E_UNKNOWNINTERFACE);
 }
 
 struct Told {

@@ -334,9 +334,7 @@ TEST(Container, SavesAndLoadsNothing) {
   ComPtr<IUnknown> safety;
   constexpr GUID objectSafety{
       0xCB5BDC81, 0x93C1, 0x11CF, {0x8F, 0x20, 0x00, 0x80, 0x5F, 0x2C, 0xD0, 0x64}};
-  EXPECT_EQ(
-      form.site().control()->QueryInterface(objectSafety, std::bit_cast<void**>(safety.put())),
-      E_NOINTERFACE);
+  EXPECT_EQ(form.site().control()->QueryInterface(objectSafety, safety.putAny()), E_NOINTERFACE);
 }
 
 TEST(Container, QuickActivationAndConnections) {

@@ -8,6 +8,7 @@
 
 #include "platform/win32/parameters.h"
 #include "support/input.h"
+#include "support/other_thread.h"
 #include "support/test_form.h"
 
 namespace keyscout {
@@ -23,32 +24,52 @@ HRESULT createByName(const wchar_t* name) {
   CLSID id{};
   const HRESULT found = CLSIDFromProgID(name, &id);
   if (FAILED(found)) return found;
-  void* made = nullptr;
-  const HRESULT created = CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, &made);
-  if (SUCCEEDED(created)) static_cast<IDispatch*>(made)->Release();
-  return created;
+  ComPtr<IDispatch> made;
+  return createInstance(id, made);
 }
+
+/// While it lives, the calling thread finds what the manifest names.
+class ManifestInForce {
+ public:
+  ManifestInForce() {
+    const std::wstring manifest = folder + L"\\Keyscout.Lookup.manifest";
+    ACTCTXW description{};
+    description.cbSize = sizeof description;
+    description.dwFlags = ACTCTX_FLAG_ASSEMBLY_DIRECTORY_VALID;
+    description.lpSource = manifest.c_str();
+    description.lpAssemblyDirectory = folder.c_str();
+    context_ = CreateActCtxW(&description);
+    EXPECT_TRUE(ActivateActCtx(context_, &cookie_));
+  }
+  ~ManifestInForce() {
+    DeactivateActCtx(0, cookie_);
+    ReleaseActCtx(context_);
+  }
+  ManifestInForce(const ManifestInForce&) = delete;
+  ManifestInForce& operator=(const ManifestInForce&) = delete;
+
+ private:
+  HANDLE context_ = INVALID_HANDLE_VALUE;
+  ULONG_PTR cookie_ = 0;
+};
 
 TEST(Deployment, TheManifestServesEveryClass) {
   for (const wchar_t* name : classNames)
     ASSERT_NE(createByName(name), S_OK) << narrow(name) << " is registered";
-
-  const std::wstring manifest = folder + L"\\Keyscout.Lookup.manifest";
-  ACTCTXW description{};
-  description.cbSize = sizeof description;
-  description.dwFlags = ACTCTX_FLAG_ASSEMBLY_DIRECTORY_VALID;
-  description.lpSource = manifest.c_str();
-  description.lpAssemblyDirectory = folder.c_str();
-  const HANDLE context = CreateActCtxW(&description);
-  ASSERT_NE(context, INVALID_HANDLE_VALUE);
-  ULONG_PTR cookie = 0;
-  ASSERT_TRUE(ActivateActCtx(context, &cookie));
+  const ManifestInForce manifest;
   for (const wchar_t* name : classNames) {
     EXPECT_EQ(createByName(name), S_OK) << narrow(name);
     EXPECT_EQ(createByName((name + std::wstring{L".1"}).c_str()), S_OK) << narrow(name);
   }
-  DeactivateActCtx(0, cookie);
-  ReleaseActCtx(context);
+}
+
+TEST(Deployment, TheManifestLeadsCallsFromThreadToThread) {
+  const ManifestInForce manifest;
+  ComPtr<_RWKeyscoutController> controller;
+  ASSERT_EQ(createInstance(CLSID_RWKeyscoutController, controller), S_OK);
+  const OtherThreadsAnswer answer = askFromOtherThread(*controller);
+  EXPECT_EQ(answer.unmarshaled, S_OK);
+  EXPECT_EQ(answer.directory, "C:\\elsewhere\\");
 }
 
 template <class Condition>

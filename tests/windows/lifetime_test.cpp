@@ -271,20 +271,19 @@ TEST(Lifetime, ClassFactoriesLockTheLibrary) {
   const Library library;
   ComPtr<IClassFactory> factory;
   ASSERT_EQ(CoGetClassObject(CLSID_keyscoutControl, CLSCTX_INPROC_SERVER, nullptr,
-                             IID_IClassFactory, std::bit_cast<void**>(factory.put())),
+                             IID_IClassFactory, factory.putAny()),
             S_OK);
   factory->LockServer(TRUE);
   factory->LockServer(FALSE);
   ComPtr<IUnknown> object;
-  EXPECT_EQ(
-      factory->CreateInstance(factory.get(), IID_IUnknown, std::bit_cast<void**>(object.put())),
-      CLASS_E_NOAGGREGATION);
+  EXPECT_EQ(factory->CreateInstance(factory.get(), IID_IUnknown, object.putAny()),
+            CLASS_E_NOAGGREGATION);
   EXPECT_EQ(factory->CreateInstance(nullptr, IID_IUnknown, nullptr), E_POINTER);
   EXPECT_FALSE(library.canUnload());
   factory = nullptr;
   EXPECT_TRUE(library.canUnload());
   EXPECT_EQ(CoGetClassObject(CLSID_RWKeyscoutCatalogData, CLSCTX_INPROC_SERVER, nullptr,
-                             IID_IClassFactory, std::bit_cast<void**>(factory.put())),
+                             IID_IClassFactory, factory.putAny()),
             REGDB_E_CLASSNOTREG);
 }
 

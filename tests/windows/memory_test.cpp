@@ -80,7 +80,7 @@ TEST(Memory, ACallEndsWithOutOfMemory) {
 TEST(Memory, AnyAllocationOfACreationMayFail) {
   ComPtr<IClassFactory> keepsLibrary;
   CoGetClassObject(CLSID_keyscoutControl, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory,
-                   std::bit_cast<void**>(keepsLibrary.put()));
+                   keepsLibrary.putAny());
   int failures = 0;
   bool succeeded = false;
   for (int allocations = 0; allocations < 500 && !succeeded; ++allocations) {
@@ -89,11 +89,11 @@ TEST(Memory, AnyAllocationOfACreationMayFail) {
       {
         ComPtr<IClassFactory> factory;
         CoGetClassObject(CLSID_keyscoutControl, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory,
-                         std::bit_cast<void**>(factory.put()));
+                         factory.putAny());
         ComPtr<_keyscoutControl> control;
         const LittleMemory little{allocations};
-        const HRESULT created = factory->CreateInstance(nullptr, IID__keyscoutControl,
-                                                        std::bit_cast<void**>(control.put()));
+        const HRESULT created =
+            factory->CreateInstance(nullptr, IID__keyscoutControl, control.putAny());
         succeeded = little.refusals() == 0;
         failures += FAILED(created) ? 1 : 0;
         EXPECT_TRUE(created == S_OK || created == E_OUTOFMEMORY) << allocations;
@@ -117,13 +117,13 @@ HWND WINAPI makeNoWindow(DWORD, LPCWSTR, LPCWSTR, DWORD, int, int, int, int, HWN
 TEST(Memory, AWindowThatCannotBeMadeIsNotAlwaysForWantOfMemory) {
   ComPtr<IClassFactory> factory;
   CoGetClassObject(CLSID_keyscoutControl, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory,
-                   std::bit_cast<void**>(factory.put()));
+                   factory.putAny());
   const ReplacedImport noWindows{GetModuleHandleW(L"keyscout.dll"), "CreateWindowExW",
                                  &makeNoWindow};
   ComPtr<IUnknown> control;
   const auto create = [&](DWORD error) {
     windowError = error;
-    return factory->CreateInstance(nullptr, IID_IUnknown, std::bit_cast<void**>(control.put()));
+    return factory->CreateInstance(nullptr, IID_IUnknown, control.putAny());
   };
   EXPECT_EQ(create(ERROR_NOT_ENOUGH_MEMORY), E_OUTOFMEMORY);
   EXPECT_EQ(create(0), static_cast<HRESULT>(0x800705B3));  // what a system without a screen leaves

@@ -8,9 +8,7 @@ namespace keyscout {
 
 void ControlSite::create(REFCLSID id, const RECT& at) {
   at_ = at;
-  void* created = nullptr;
-  require(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IUnknown), &created));
-  control_ = ComPtr<IUnknown>::adopt(static_cast<IUnknown*>(created));
+  require(createInstance(id, control_));
   const auto object = controlAs<IOleObject>();
   if (!object) throw ComFailure{E_NOINTERFACE};
   require(object->SetClientSite(this));

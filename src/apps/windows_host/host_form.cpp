@@ -206,10 +206,7 @@ void HostForm::arrange() {
 }
 
 void HostForm::startUp() {
-  void* created = nullptr;
-  require(CoCreateInstance(CLSID_RWKeyscoutController, nullptr, CLSCTX_INPROC_SERVER,
-                           __uuidof(_RWKeyscoutController), &created));
-  controller_ = ComPtr<_RWKeyscoutController>::adopt(static_cast<_RWKeyscoutController*>(created));
+  require(createInstance(CLSID_RWKeyscoutController, controller_));
   Bstr directory{fromWide(directory_)};
   Bstr index{DirectoryFiles::usualIndex};
   Bstr download{u"catalog.txt"};
@@ -225,10 +222,8 @@ void HostForm::startUp() {
 }
 
 void HostForm::authorizeBrands() {
-  void* created = nullptr;
-  require(CoCreateInstance(CLSID_BrandList, nullptr, CLSCTX_INPROC_SERVER, __uuidof(_BrandList),
-                           &created));
-  const auto list = ComPtr<_BrandList>::adopt(static_cast<_BrandList*>(created));
+  ComPtr<_BrandList> list;
+  require(createInstance(CLSID_BrandList, list));
   OwnedVariant noItem;
   const LRESULT count = SendMessageW(authorized_, LB_GETCOUNT, 0, 0);
   for (LRESULT i = 0; i < count; ++i) {

@@ -20,6 +20,19 @@ Function* accessibilityFunction(const char* name) {
   return std::bit_cast<Function*>(address);
 }
 
+/// The members of IAccessible as the system describes them; null where it does not. One for each
+/// call, so that nothing is kept beyond the end of COM.
+ITypeInfo* describeAccessible() {
+  constexpr GUID accessibility{
+      0x1EA4DBF0, 0x3C3B, 0x11CF, {0x81, 0x0C, 0x00, 0xAA, 0x00, 0x38, 0x9B, 0x71}};
+  ITypeLib* library = nullptr;
+  if (FAILED(LoadRegTypeLib(accessibility, 1, 1, 0, &library))) return nullptr;
+  ITypeInfo* description = nullptr;
+  library->GetTypeInfoOfGuid(IID_IAccessible, &description);
+  library->Release();
+  return description;
+}
+
 using CreateStandard = HRESULT WINAPI(HWND, LONG, REFIID, void**);
 using AnswerWith = LRESULT WINAPI(REFIID, WPARAM, IUnknown*);
 
@@ -61,8 +74,17 @@ class NamedAccessible : public IAccessible {
   HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID interfaceId, LCID locale, WORD flags,
                                    DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* exception,
                                    UINT* wrongArgument) override {
-    return standard_->Invoke(id, interfaceId, locale, flags, arguments, result, exception,
-                             wrongArgument);
+    // The standard object would answer for itself, without the name.
+    ITypeInfo* const members = describeAccessible();
+    if (!members)
+      return standard_->Invoke(id, interfaceId, locale, flags, arguments, result, exception,
+                               wrongArgument);
+    const HRESULT invoked = interfaceId == IID_NULL
+                                ? members->Invoke(static_cast<IAccessible*>(this), id, flags,
+                                                  arguments, result, exception, wrongArgument)
+                                : DISP_E_UNKNOWNINTERFACE;
+    members->Release();
+    return invoked;
   }
 
   HRESULT STDMETHODCALLTYPE get_accParent(IDispatch** result) override {

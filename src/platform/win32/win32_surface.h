@@ -89,7 +89,8 @@ class Win32Surface final : public ControlSurface, private WidgetSite, private Fo
   void removeChild(StringView name) override;
   float width() const override { return static_cast<float>(size().cx); }
   void setEnabled(Boolean enabled) override;
-  void setMousePointer(std::int16_t shape) override { mousePointer_ = shape; }
+  /// Windows chooses the shape by what the pointer is over; the control asks for nothing else.
+  void setMousePointer(std::int16_t) override {}
   void beginHostCall() override;
   void endHostCall() noexcept override;
 
@@ -146,7 +147,6 @@ class Win32Surface final : public ControlSurface, private WidgetSite, private Fo
   TextLook look_;
   LONG background_ = systemColor(COLOR_BTNFACE);
   String displayName_;
-  std::int16_t mousePointer_ = 0;
   int depth_ = 0;
   Hook formHook_;  // while the list is open
 

@@ -2,8 +2,9 @@
 
 #include <windows.h>
 
-#include <unknwn.h>
+#include <objbase.h>
 
+#include <bit>
 #include <utility>
 
 namespace keyscout {
@@ -55,6 +56,8 @@ class ComPtr {
     *this = nullptr;
     return &object_;
   }
+  /// The same, for a callee that is told by an identifier which interface to put there.
+  void** putAny() { return std::bit_cast<void**>(put()); }
 
  private:
   T* object_ = nullptr;
@@ -64,6 +67,12 @@ class ComPtr {
 template <class T, class... Arguments>
 ComPtr<T> makeObject(Arguments&&... arguments) {
   return ComPtr<T>::adopt(new T(std::forward<Arguments>(arguments)...));
+}
+
+/// Makes an object of a class that a library serves; `object` is null where that fails.
+template <class T>
+HRESULT createInstance(REFCLSID id, ComPtr<T>& object) {
+  return CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, __uuidof(T), object.putAny());
 }
 
 }  // namespace keyscout

@@ -2,8 +2,6 @@
 
 #include <olectl.h>
 
-#include <bit>
-
 #include "server/com/enumerator.h"
 
 namespace keyscout {
@@ -55,9 +53,9 @@ HRESULT ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) {
     target(cookie) = 0;
     if (!sink) throw ComFailure{E_POINTER};
     ComPtr<IUnknown> connected;
-    HRESULT found = sink->QueryInterface(id_, std::bit_cast<void**>(connected.put()));
+    HRESULT found = sink->QueryInterface(id_, connected.putAny());
     if (FAILED(found) && takesDispatch_)
-      found = sink->QueryInterface(__uuidof(IDispatch), std::bit_cast<void**>(connected.put()));
+      found = sink->QueryInterface(__uuidof(IDispatch), connected.putAny());
     if (FAILED(found)) throw ComFailure{CONNECT_E_CANNOTCONNECT};
     sinks_.emplace(++lastCookie_, std::move(connected));
     *cookie = lastCookie_;

@@ -15,9 +15,9 @@ namespace keyscout {
 
 template <class Interface>
 ComPtr<Interface> create(REFCLSID id) {
-  void* created = nullptr;
-  CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, __uuidof(Interface), &created);
-  return ComPtr<Interface>::adopt(static_cast<Interface*>(created));
+  ComPtr<Interface> created;
+  createInstance(id, created);
+  return created;
 }
 
 /// The text that a property or a window has, for comparing.
