@@ -5,6 +5,7 @@
 #include <atomic>
 #include <thread>
 
+#include "support/message_box_answer.h"
 #include "support/replaced_import.h"
 #include "support/test_form.h"
 
@@ -76,6 +77,35 @@ TEST(Memory, ACallEndsWithOutOfMemory) {
   EXPECT_EQ(form.text(), "again");
 }
 
+TEST(Memory, AListOpensAsBeforeOnceThereIsMemoryAgain) {
+  TestForm form;
+  const MessageBoxAnswer box{IDNO};
+  // Without any, and with the little that lets the lookup begin.
+  for (const int allocations : {0, 1, 2, 4, 8}) {
+    SCOPED_TRACE(allocations);
+    form.enter();
+    form.control()->put_text(nullptr);
+    form.type("a");
+    ASSERT_TRUE(form.isOpen());
+    {
+      const LittleMemory little{allocations};
+      form.type("b");
+      EXPECT_GT(little.refusals(), 0);
+    }
+    EXPECT_EQ(form.text(), "ab") << "nothing typed is lost";
+    VARIANT_BOOL unlocked = VARIANT_FALSE;
+    EXPECT_EQ(form.controller().tryToUnlock(&unlocked), S_OK);
+    EXPECT_EQ(form.controller().put_KeyscoutEnabled(VARIANT_TRUE), S_OK);
+    form.key(VK_BACK);
+    form.type("b");
+    ASSERT_TRUE(form.isOpen());
+    EXPECT_EQ(form.entries().size(), 9u);
+    form.key(VK_DOWN);
+    form.key(VK_RETURN);
+    EXPECT_EQ(form.text(), "AB-100");
+  }
+}
+
 // Each on a thread whose first failure it is.
 TEST(Memory, AnyAllocationOfACreationMayFail) {
   ComPtr<IClassFactory> keepsLibrary;
@@ -92,8 +122,8 @@ TEST(Memory, AnyAllocationOfACreationMayFail) {
                          factory.putAny());
         ComPtr<_keyscoutControl> control;
         const LittleMemory little{allocations};
-        const HRESULT created =
-            factory->CreateInstance(nullptr, IID__keyscoutControl, control.putAny());
+        const HRESULT created = factory->CreateInstance(nullptr, IID__keyscoutControl,
+                                                        control.putAny());
         succeeded = little.refusals() == 0;
         failures += FAILED(created) ? 1 : 0;
         EXPECT_TRUE(created == S_OK || created == E_OUTOFMEMORY) << allocations;
