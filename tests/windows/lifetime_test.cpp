@@ -7,6 +7,7 @@
 #include <bit>
 #include <thread>
 
+#include "support/replaced_import.h"
 #include "support/test_form.h"
 
 namespace keyscout {
@@ -38,6 +39,92 @@ class Library {
  private:
   HMODULE module_;
 };
+
+/// The library as somebody has it who loads it without COM, which would keep it loaded.
+class UnsharedLibrary {
+ public:
+  UnsharedLibrary() : module_(LoadLibraryW(libraryPath().c_str())) {}
+  ~UnsharedLibrary() {
+    if (module_) FreeLibrary(module_);
+  }
+  UnsharedLibrary(const UnsharedLibrary&) = delete;
+  UnsharedLibrary& operator=(const UnsharedLibrary&) = delete;
+
+  HMODULE module() const { return module_; }
+  HRESULT makeControl(ComPtr<_keyscoutControl>& control) const {
+    const auto getClass = std::bit_cast<HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**)>(
+        GetProcAddress(module_, "DllGetClassObject"));
+    ComPtr<IClassFactory> factory;
+    const HRESULT found = getClass(CLSID_keyscoutControl, IID_IClassFactory, factory.putAny());
+    return FAILED(found) ? found
+                         : factory->CreateInstance(nullptr, IID__keyscoutControl, control.putAny());
+  }
+
+ private:
+  HMODULE module_;
+};
+
+/// A thread's hold on the library is given up by another thread, a moment after its end.
+bool libraryGoes() {
+  for (int tries = 0; tries < 1000 && GetModuleHandleW(L"keyscout.dll"); ++tries) Sleep(10);
+  return !GetModuleHandleW(L"keyscout.dll");
+}
+
+bool isSurfaceClassKnownOf(HMODULE module) {
+  WNDCLASSEXW description{};
+  description.cbSize = sizeof description;
+  return GetClassInfoExW(module, L"Keyscout.Surface", &description) != FALSE;
+}
+
+std::atomic<int> registrations{0};
+decltype(RegisterClassExW)* registerClass = nullptr;
+
+/// Gives another thread the time to come here as well, where nothing keeps it from that.
+ATOM WINAPI registerTogether(const WNDCLASSEXW* description) {
+  ++registrations;
+  for (int tries = 0; tries < 100 && registrations < 2; ++tries) Sleep(1);
+  return registerClass(description);
+}
+
+// First, while COM does not know the library yet.
+TEST(Lifetime, TwoThreadsMayMakeTheirFirstControlAtOnce) {
+  for (int round = 0; round < 5; ++round) {
+    SCOPED_TRACE(round);
+    HMODULE module = nullptr;
+    {
+      const UnsharedLibrary library;
+      module = library.module();
+      ASSERT_TRUE(module);
+      ASSERT_FALSE(isSurfaceClassKnownOf(module));
+      const ReplacedImport together{module, "RegisterClassExW", &registerTogether};
+      registerClass = together.original<decltype(RegisterClassExW)>();
+      registrations = 0;
+      std::string texts[2];
+      const auto use = [&](std::string& text) {
+        OleInitialize(nullptr);
+        ComPtr<_keyscoutControl> control;
+        EXPECT_EQ(library.makeControl(control), S_OK);
+        if (control) {
+          control->put_text(Bstr{u"works"}.get());
+          BSTR read = nullptr;
+          control->get_text(&read);
+          text = takeText(read);
+        }
+        OleUninitialize();
+      };
+      std::thread first{[&] { use(texts[0]); }};
+      std::thread second{[&] { use(texts[1]); }};
+      first.join();
+      second.join();
+      EXPECT_EQ(texts[0], "works");
+      EXPECT_EQ(texts[1], "works");
+      EXPECT_EQ(registrations, 1);
+      EXPECT_TRUE(isSurfaceClassKnownOf(module));
+    }
+    ASSERT_TRUE(libraryGoes()) << "nothing of it is in use";
+    EXPECT_FALSE(isSurfaceClassKnownOf(module)) << "the class went with it";
+  }
+}
 
 /// Runs `body` on a thread with an apartment of its own, and returns when both have ended.
 void onThread(const std::function<void()>& body) {

@@ -1,6 +1,6 @@
 // The window of a surface: what it answers to messages.
 
-#include <atomic>
+#include <utility>
 
 #include "platform/win32/instance.h"
 #include "platform/win32/parameters.h"
@@ -12,12 +12,13 @@ namespace {
 constexpr wchar_t className[] = L"Keyscout.Surface";
 constexpr UINT formMoved = WM_APP;
 
-std::atomic<bool> isClassRegistered{false};
+SRWLOCK registering = SRWLOCK_INIT;
+bool isClassRegistered = false;
 
-/// Of several threads that come here at once the system lets one register the class; the others
-/// find it there.
+/// Of several threads that come here at once one registers the class, and the others wait for it:
+/// they could make no window while the system is still about it.
 void registerClass(WNDPROC procedure) {
-  if (isClassRegistered) return;
+  AcquireSRWLockExclusive(&registering);
   WNDCLASSEXW description{};
   description.cbSize = sizeof description;
   description.style = CS_DBLCLKS;
@@ -25,7 +26,8 @@ void registerClass(WNDPROC procedure) {
   description.hInstance = thisInstance();
   description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
   description.lpszClassName = className;
-  if (RegisterClassExW(&description)) isClassRegistered = true;
+  if (!isClassRegistered) isClassRegistered = RegisterClassExW(&description) != 0;
+  ReleaseSRWLockExclusive(&registering);
 }
 
 }  // namespace
@@ -40,7 +42,7 @@ void Win32Surface::createWindow() {
 }
 
 void Win32Surface::unregisterClass() noexcept {
-  if (isClassRegistered.exchange(false)) UnregisterClassW(className, thisInstance());
+  if (std::exchange(isClassRegistered, false)) UnregisterClassW(className, thisInstance());
 }
 
 bool Win32Surface::isSurface(HWND window) {
