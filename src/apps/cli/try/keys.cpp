@@ -19,6 +19,8 @@ constexpr int altDown = altArrows + 1;
 constexpr int pasteBegins = altArrows + 2;
 constexpr int pasteEnds = altArrows + 3;
 
+constexpr char32_t lastCharacter = 0x10FFFF;
+
 // The code of a key that stands for a character which no key of the keyboard has.
 constexpr std::int16_t packetKey = 231;
 
@@ -59,7 +61,7 @@ class PastedLine {
       isBlankDue_ = !text_.empty();
       return;
     }
-    if (character < U' ' || character == 127) return;
+    if (character < U' ' || character == 127 || character > lastCharacter) return;
     if (std::exchange(isBlankDue_, false)) text_ += u' ';
     if (character > 0xFFFF) {
       text_ += highSurrogate(character);
@@ -146,9 +148,10 @@ Input escapeKey() {
     ungetch(static_cast<int>(next));
     return keyInput(KeyCodes::escape);
   }
-  Input input = kind == KEY_CODE_YES ? namedKey(static_cast<int>(next))
-                : next < 32          ? controlKey(next)
-                                     : keyOf(static_cast<char32_t>(next));
+  Input input = kind == KEY_CODE_YES   ? namedKey(static_cast<int>(next))
+                : next < 32            ? controlKey(next)
+                : next > lastCharacter ? Input{}
+                                       : keyOf(static_cast<char32_t>(next));
   input.shift |= Modifier::alt;
   input.character = input.secondUnit = 0;
   return input;
@@ -214,6 +217,8 @@ Input KeyReader::next() {
   if (kind == KEY_CODE_YES) return namedKey(static_cast<int>(character));
   if (character == 27) return escapeKey();
   if (character < 32 || character == 127) return controlKey(character);
+  // The system's decoder lets bytes pass that stand for no character.
+  if (character > lastCharacter) return {};
   return keyOf(static_cast<char32_t>(character));
 }
 
