@@ -10,7 +10,7 @@ namespace keyscout {
 namespace {
 
 // Some twenty lines: a good guess at the line's place is seldom further off.
-constexpr std::size_t pieceSize = 2048;
+constexpr std::size_t usualPiece = 2048;
 // Reading so much line by line takes about as long as looking at one more piece.
 constexpr std::size_t lastStretch = 8192;
 // The lines that a list takes from the key on.
@@ -63,14 +63,14 @@ void TableReader::approach(const KeyOrder& order, StringView key, const Range& r
   const Number last{range.last};
   Stretch stretch;
   stretch.end = size;
-  std::size_t piece = pieceSize;
+  std::size_t piece = usualPiece;
   for (int looks = 1; stretch.size() > lastStretch; ++looks) {
     // However unevenly the numbers are spread: every third look goes to the middle.
     const double share = looks % 3 == 0 ? 0.5
                                         : placeBetween(stretch.first.textOr(first),
                                                        stretch.behind.textOr(last), sought.text());
     switch (look(order, stretch, stretch.placeOf(piece, share), piece)) {
-      case Finding::narrower: piece = pieceSize; break;
+      case Finding::narrower: piece = usualPiece; break;
       case Finding::found: return;
       case Finding::undecided:
         // Long lines, or many without a number.

@@ -15,7 +15,7 @@ Error errorOf(HRESULT result, EXCEPINFO& exception) {
   std::int32_t number = result;
   if (result == DISP_E_EXCEPTION) number = exception.scode ? exception.scode : exception.wCode;
   if (HRESULT_FACILITY(number) == FACILITY_CONTROL) number = HRESULT_CODE(number);
-  const Error error{number, viewOf(exception.bstrSource), viewOf(exception.bstrDescription)};
+  Error error{number, viewOf(exception.bstrSource), viewOf(exception.bstrDescription)};
   SysFreeString(exception.bstrSource);
   SysFreeString(exception.bstrDescription);
   SysFreeString(exception.bstrHelpFile);

@@ -5,6 +5,7 @@
 
 #include <atomic>
 #include <bit>
+#include <utility>
 
 #include "platform/win32/parameters.h"
 
@@ -40,8 +41,8 @@ using AnswerWith = LRESULT WINAPI(REFIID, WPARAM, IUnknown*);
 /// be gone before it is.
 class NamedAccessible : public IAccessible {
  public:
-  NamedAccessible(IAccessible* standard, HWND window, const std::wstring& name)
-      : window_(window), standard_(standard), name_(name) {}
+  NamedAccessible(IAccessible* standard, HWND window, std::wstring name)
+      : window_(window), standard_(standard), name_(std::move(name)) {}
   virtual ~NamedAccessible() { standard_->Release(); }
   NamedAccessible(const NamedAccessible&) = delete;
   NamedAccessible& operator=(const NamedAccessible&) = delete;

@@ -20,10 +20,11 @@ bool isRefused() {
 
 // The linker puts these two into the way of every malloc of the library.
 extern "C" {
-void* __real_malloc(std::size_t size);   // NOLINT(bugprone-reserved-identifier): the linker's names
-void* __wrap_malloc(std::size_t size) {  // NOLINT(bugprone-reserved-identifier)
-  return isRefused() ? nullptr : __real_malloc(size);
-}
+// NOLINTBEGIN(bugprone-reserved-identifier): the linker's names
+void* __real_malloc(std::size_t size);
+void* __wrap_malloc(std::size_t size);
+void* __wrap_malloc(std::size_t size) { return isRefused() ? nullptr : __real_malloc(size); }
+// NOLINTEND(bugprone-reserved-identifier)
 }
 
 namespace keyscout {

@@ -162,7 +162,7 @@ std::string CsvList::fieldOf(const CsvColumn& column, std::size_t width, bool in
 
 std::string CsvList::indexOf(std::uint64_t madeUp) const {
   if (!index_) return std::to_string(madeUp);
-  const std::string bytes = fieldOf(*index_, RecordColumns::index.width);
+  std::string bytes = fieldOf(*index_, RecordColumns::index.width);
   try {
     parseInt32(nativeCodePage().decode(bytes));
   } catch (const Error&) {

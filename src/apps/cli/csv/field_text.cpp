@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cerrno>
 #include <cstdint>
 #include <optional>
@@ -34,7 +35,7 @@ std::optional<char> byteOf(char16_t unit) {
 FieldDecoder::FieldDecoder(const std::string& codePage)
     : name_(codePage), converter_(iconv_open("UTF-16LE", systemName(codePage).c_str())) {
   // The library's sign of a failure is no pointer to anything.
-  if (converter_.get() != reinterpret_cast<iconv_t>(std::intptr_t{-1})) return;
+  if (converter_.get() != std::bit_cast<iconv_t>(std::intptr_t{-1})) return;
   static_cast<void>(converter_.release());
   throw std::invalid_argument("The code page " + inQuotes(fromUtf8(codePage)) + " is not known.");
 }

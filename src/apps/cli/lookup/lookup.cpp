@@ -90,7 +90,7 @@ class LookupForm final : private keyscoutControlEvents {
 /// What in the request itself keeps entries from being listed.
 std::vector<std::string> hindrances(const LookupRequest& request) {
   std::vector<std::string> sentences;
-  if (request.text.empty()) sentences.push_back("the text is empty, and then no list is shown");
+  if (request.text.empty()) sentences.emplace_back("the text is empty, and then no list is shown");
   const auto& brands = keyscoutModule::ofThisThread().brandLookup;
   // As brandinfo.txt spells it; empty where it is not there.
   const auto spelled = [&](const std::string& brand) -> std::string {

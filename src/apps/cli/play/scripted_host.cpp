@@ -224,7 +224,7 @@ Json ScriptedHost::pressKey(const Json& command) {
   const std::int16_t shift = optionalNumber(command, "shift");
   const std::string phase = command.contains("phase") ? name(command, "phase") : "both";
   if (phase != "both" && phase != "down" && phase != "up")
-    throw Malformed("a key's phase is \"down\" or \"up\"");
+    throw Malformed(R"(a key's phase is "down" or "up")");
   if (phase != "up") form_->keyDown(keyCode, shift);
   if (phase != "down") form_->keyUp(keyCode, shift);
   return nullptr;

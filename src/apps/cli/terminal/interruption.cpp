@@ -8,7 +8,9 @@ namespace {
 
 volatile std::sig_atomic_t pendingSignal = 0;
 
-extern "C" void keepSignal(int signal) { pendingSignal = signal; }
+extern "C" {
+static void keepSignal(int signal) { pendingSignal = signal; }
+}
 
 #ifdef _WIN32
 constexpr std::array watched{SIGINT, SIGTERM, SIGBREAK};

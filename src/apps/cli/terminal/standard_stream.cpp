@@ -17,7 +17,7 @@ namespace {
 constexpr int usualColumns = 80;
 
 std::string_view environment(const char* name) {
-  const char* const value = std::getenv(name);
+  const char* const value = std::getenv(name);  // NOLINT(concurrency-mt-unsafe): one thread
   return value ? value : "";
 }
 

@@ -135,10 +135,12 @@ void FormView::drawList(const Layout& layout) {
   screen_.frame(area, L"", Style::focusedFrame);
   for (int i = 0; i < shown; ++i) {
     const bool isSelected = first + i == list->selected;
-    screen_.text(area.row + 1 + i, area.column + 1, area.columns - 2,
-                 shortened(toCodePoints(list->entries[static_cast<std::size_t>(first + i)]),
-                           area.columns - 2),
-                 isSelected ? Style::chosen : Style::plain);
+    screen_.text(
+        area.row + 1 + i, area.column + 1, area.columns - 2,
+        shortened(toCodePoints(
+                      list->entries[static_cast<std::size_t>(first) + static_cast<std::size_t>(i)]),
+                  area.columns - 2),
+        isSelected ? Style::chosen : Style::plain);
   }
   if (first > 0)
     screen_.text(area.row, area.column + area.columns - 10, 8, L" more \x2191 ",

@@ -43,7 +43,7 @@ class PanelLines {
 /// The files that were opened, and how many the brand index made it possible to pass over.
 std::string filesText(const MeteredFiles::Reading& reading) {
   // The brand index itself is one that is only looked at.
-  const std::string opened = std::to_string(reading.files);
+  std::string opened = std::to_string(reading.files);
   if (reading.stamps < 2) return opened;
   return opened + ", " + std::to_string(reading.stamps - 1) + " passed over";
 }

@@ -73,9 +73,9 @@ struct Screen::Terminal {
 };
 
 Screen::Screen() {
-  std::setlocale(LC_ALL, "");
+  std::setlocale(LC_ALL, "");  // NOLINT(concurrency-mt-unsafe): one thread
   SCREEN* const handle = newterm(nullptr, stdout, stdin);
-  const char* const term = std::getenv("TERM");
+  const char* const term = std::getenv("TERM");  // NOLINT(concurrency-mt-unsafe)
   const std::string kind = term ? term : "TERM is not set";
   if (!handle)
     throw std::runtime_error("The terminal is of an unknown kind (" + kind +
@@ -152,7 +152,7 @@ void Screen::show() {
 
 Input Screen::read() {
   Interruption::check();
-  const Input input = keys_.read();
+  Input input = keys_.read();
   Interruption::check();
   return input;
 }

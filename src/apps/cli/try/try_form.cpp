@@ -8,7 +8,7 @@
 
 namespace keyscout {
 
-TryForm::TryForm(CatalogHost& catalog, EventLog& log, std::function<void()> updateWanted)
+TryForm::TryForm(CatalogHost& catalog, EventLog& log, const std::function<void()>& updateWanted)
     : catalog_(catalog),
       form_(catalog.form()),
       brand_(form_.addSurface()),

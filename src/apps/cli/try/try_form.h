@@ -28,7 +28,7 @@ class TryForm {
 
   /// `catalog` must be in service and outlive the form. `updateWanted` is called from inside an
   /// event.
-  TryForm(CatalogHost& catalog, EventLog& log, std::function<void()> updateWanted);
+  TryForm(CatalogHost& catalog, EventLog& log, const std::function<void()>& updateWanted);
 
   LookupField& part() { return part_; }
   LookupField& replaces() { return replaces_; }

@@ -217,7 +217,8 @@ void TryHost::showHelp() {
 void TryHost::damageTable() {
   const keyscoutModule& module = keyscoutModule::ofThisThread();
   const LookupField* const field = form_.focusedField();
-  const std::int16_t table = field ? field->control().lookupFields().currentTableIndex : 0;
+  const std::int16_t table =
+      field ? field->control().lookupFields().currentTableIndex : std::int16_t{0};
   const String name{module.getTableNumber(std::max<std::int16_t>(table, 0))};
   damaged_.damage(module.KeyscoutDirectory + name + u".txt");
   log_.add("host", "damaged", toUtf8(name) + ".txt");
