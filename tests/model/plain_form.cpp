@@ -153,7 +153,7 @@ void PlainField::hideList() {
 // The reports
 
 void PlainField::textGotFocus() {
-  if (!list) list.emplace();
+  if (!list) list = List{};
   suppressAccept = false;
 }
 

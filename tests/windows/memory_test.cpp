@@ -122,8 +122,8 @@ TEST(Memory, AnyAllocationOfACreationMayFail) {
                          factory.putAny());
         ComPtr<_keyscoutControl> control;
         const LittleMemory little{allocations};
-        const HRESULT created = factory->CreateInstance(nullptr, IID__keyscoutControl,
-                                                        control.putAny());
+        const HRESULT created =
+            factory->CreateInstance(nullptr, IID__keyscoutControl, control.putAny());
         succeeded = little.refusals() == 0;
         failures += FAILED(created) ? 1 : 0;
         EXPECT_TRUE(created == S_OK || created == E_OUTOFMEMORY) << allocations;
