@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cerrno>
 #include <cstdint>
 #include <optional>
@@ -35,7 +34,8 @@ std::optional<char> byteOf(char16_t unit) {
 FieldDecoder::FieldDecoder(const std::string& codePage)
     : name_(codePage), converter_(iconv_open("UTF-16LE", systemName(codePage).c_str())) {
   // The library's sign of a failure is no pointer to anything.
-  if (converter_.get() != std::bit_cast<iconv_t>(std::intptr_t{-1})) return;
+  // NOLINTNEXTLINE(performance-no-int-to-ptr)
+  if (converter_.get() != reinterpret_cast<iconv_t>(std::intptr_t{-1})) return;
   static_cast<void>(converter_.release());
   throw std::invalid_argument("The code page " + inQuotes(fromUtf8(codePage)) + " is not known.");
 }
