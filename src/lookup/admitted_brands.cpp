@@ -6,7 +6,7 @@ namespace keyscout {
 
 bool AdmittedBrands::areAll() const {
   const auto authorized = module_.authorizedBrands;
-  return filter_.empty() && (!authorized || authorized->count() == 0);
+  return filter_.empty() && authorizeAll(authorized);
 }
 
 bool AdmittedBrands::include(const String& brand) {

@@ -23,6 +23,9 @@ class Files {
  public:
   virtual ~Files() = default;
 
+  /// False for a name with a NUL in it, which the system would take to end there.
+  static bool isName(StringView path) { return path.find(u'\0') == path.npos; }
+
   /// Opens a text file at its first line. Fails as `openAtOffsets` does.
   std::unique_ptr<SequentialFile> open(StringView path);
 

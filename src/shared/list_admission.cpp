@@ -2,11 +2,15 @@
 
 namespace keyscout {
 
+bool authorizeAll(const std::shared_ptr<BrandCollection>& brands) {
+  return !brands || brands->count() == 0;
+}
+
 bool isAuthorizedBrand(const keyscoutModule& module, StringView brand) noexcept {
   try {
-    // A reference of its own: the host may set another list while this one asks it.
+    // A reference of its own, by which the list stays.
     const auto brands = module.authorizedBrands;
-    return !brands || brands->count() == 0 || brands->item(brand) != nullptr;
+    return authorizeAll(brands) || brands->item(brand) != nullptr;
   } catch (...) {
     return false;
   }

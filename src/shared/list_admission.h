@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 #include "base/keyed_collection.h"
 #include "base/text.h"
 #include "shared/keyscout_module.h"
@@ -19,8 +21,12 @@ template <class T>
   }
 }
 
-/// True when catalog numbers of `brand` may enter a list: the host has authorized all brands, by
-/// giving no brands or an empty collection, or this one. Never fails.
+/// True when a host that gives these brands authorizes all: none, or an empty collection. Fails as
+/// the collection does, which the caller must keep: the host may set another while it is asked.
+[[nodiscard]] bool authorizeAll(const std::shared_ptr<BrandCollection>& brands);
+
+/// True when catalog numbers of `brand` may enter a list: the host has authorized all brands or
+/// this one. Never fails.
 [[nodiscard]] bool isAuthorizedBrand(const keyscoutModule& module, StringView brand) noexcept;
 
 }  // namespace keyscout

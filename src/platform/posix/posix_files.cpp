@@ -14,11 +14,8 @@
 namespace keyscout {
 namespace {
 
-// The system would take the name to end there.
-bool hasNul(StringView path) { return path.find(u'\0') != path.npos; }
-
 std::string nativePath(StringView path) {
-  if (hasNul(path)) throw platformFailure(PlatformError::fileAccess, u"Files");
+  if (!Files::isName(path)) throw platformFailure(PlatformError::fileAccess, u"Files");
   std::string native = toUtf8(path);
   std::ranges::replace(native, '\\', '/');
   return native;
@@ -84,8 +81,7 @@ std::unique_ptr<RandomAccessFile> PosixFiles::openAtOffsets(StringView path) {
 
 bool PosixFiles::exists(StringView path) {
   struct stat status {};
-  return !hasNul(path) && ::stat(nativePath(path).c_str(), &status) == 0 &&
-         !S_ISDIR(status.st_mode);
+  return isName(path) && ::stat(nativePath(path).c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
 }
 
 std::chrono::sys_seconds PosixFiles::lastModified(StringView path) {

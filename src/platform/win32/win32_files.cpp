@@ -8,11 +8,8 @@
 namespace keyscout {
 namespace {
 
-// The system would take the name to end there.
-bool hasNul(StringView path) { return path.find(u'\0') != path.npos; }
-
 std::wstring nativePath(StringView path) {
-  if (hasNul(path)) throw platformFailure(PlatformError::fileAccess, u"Files");
+  if (!Files::isName(path)) throw platformFailure(PlatformError::fileAccess, u"Files");
   return toWide(path);
 }
 
@@ -104,7 +101,7 @@ std::unique_ptr<RandomAccessFile> Win32Files::openAtOffsets(StringView path) {
 }
 
 bool Win32Files::exists(StringView path) {
-  if (hasNul(path)) return false;
+  if (!isName(path)) return false;
   const DWORD attributes = GetFileAttributesW(toWide(path).c_str());
   return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
 }
