@@ -19,8 +19,6 @@ constexpr int altDown = altArrows + 1;
 constexpr int pasteBegins = altArrows + 2;
 constexpr int pasteEnds = altArrows + 3;
 
-constexpr char32_t lastCharacter = 0x10FFFF;
-
 // The code of a key that stands for a character which no key of the keyboard has.
 constexpr std::int16_t packetKey = 231;
 
@@ -31,6 +29,17 @@ Input keyInput(int code, std::int16_t shift = 0, char16_t character = 0) {
   input.shift = shift;
   input.character = character;
   return input;
+}
+
+/// What comes next, as the terminal library tells it. Its decoder lets bytes through that stand for
+/// no character: those are passed over.
+int readNext(wint_t& character) {
+  constexpr wint_t lastCharacter = 0x10FFFF;
+  int kind = ERR;
+  do {
+    kind = get_wch(&character);
+  } while (kind == OK && character > lastCharacter);
+  return kind;
 }
 
 Input hostInput(int number) {
@@ -61,7 +70,7 @@ class PastedLine {
       isBlankDue_ = !text_.empty();
       return;
     }
-    if (character < U' ' || character == 127 || character > lastCharacter) return;
+    if (character < U' ' || character == 127) return;
     if (std::exchange(isBlankDue_, false)) text_ += u' ';
     if (character > 0xFFFF) {
       text_ += highSurrogate(character);
@@ -84,7 +93,7 @@ Input pastedInput() {
   timeout(patience);
   for (;;) {
     wint_t character = 0;
-    const int kind = get_wch(&character);
+    const int kind = readNext(character);
     // A signal ends the waiting too; the one of a new window size comes as a key as well.
     if (kind == ERR || (kind == KEY_CODE_YES && character == pasteEnds)) break;
     if (kind == OK) line.add(static_cast<char32_t>(character));
@@ -141,17 +150,16 @@ Input controlKey(wint_t character) {
 Input escapeKey() {
   wint_t next = 0;
   timeout(0);
-  const int kind = get_wch(&next);
+  const int kind = readNext(next);
   if (kind == ERR) return keyInput(KeyCodes::escape);
   if (kind == KEY_CODE_YES && (next == KEY_RESIZE || next == KEY_MOUSE)) {
     // These are no keys; they come by themselves and only seem to belong to it.
     ungetch(static_cast<int>(next));
     return keyInput(KeyCodes::escape);
   }
-  Input input = kind == KEY_CODE_YES   ? namedKey(static_cast<int>(next))
-                : next < 32            ? controlKey(next)
-                : next > lastCharacter ? Input{}
-                                       : keyOf(static_cast<char32_t>(next));
+  Input input = kind == KEY_CODE_YES ? namedKey(static_cast<int>(next))
+                : next < 32          ? controlKey(next)
+                                     : keyOf(static_cast<char32_t>(next));
   input.shift |= Modifier::alt;
   input.character = input.secondUnit = 0;
   return input;
@@ -212,13 +220,11 @@ Input KeyReader::readWaiting() {
 
 Input KeyReader::next() {
   wint_t character = 0;
-  const int kind = get_wch(&character);
+  const int kind = readNext(character);
   if (kind == ERR) return {};
   if (kind == KEY_CODE_YES) return namedKey(static_cast<int>(character));
   if (character == 27) return escapeKey();
   if (character < 32 || character == 127) return controlKey(character);
-  // The system's decoder lets bytes pass that stand for no character.
-  if (character > lastCharacter) return {};
   return keyOf(static_cast<char32_t>(character));
 }
 

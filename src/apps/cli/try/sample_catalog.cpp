@@ -1,8 +1,8 @@
 #include "apps/cli/try/sample_catalog.h"
 
 #include <sys/auxv.h>
-#include <bit>
 
+#include <bit>
 #include <system_error>
 
 #include "shared/data_format/directory_files.h"
