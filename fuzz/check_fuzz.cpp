@@ -36,7 +36,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (std::uint64_t table = 0; table < summary.tables; ++table)
     for (const std::string& line : fuzz::linesOf(folder.read(std::to_string(table) + ".txt"))) {
       const std::string number = toUtf8(trimmed(windows1252().decode(line.substr(10, 60))));
-      const LookupAnswer answer = lookUp(files, {directory, number});  // must not fail
+      LookupRequest request;
+      request.directory = directory;
+      request.text = number;
+      const LookupAnswer answer = lookUp(files, request);  // must not fail
       if (warnings == 0)
         fuzz::require(!answer.entries.empty() && answer.entries.front().number == number, number);
     }
