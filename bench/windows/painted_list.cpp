@@ -93,13 +93,6 @@ HWND suggestions() {
   return found;
 }
 
-template <class Interface>
-ComPtr<Interface> create(REFCLSID id) {
-  void* created = nullptr;
-  require(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, __uuidof(Interface), &created));
-  return ComPtr<Interface>::adopt(static_cast<Interface*>(created));
-}
-
 HWND editOf(HWND surface) { return FindWindowExW(surface, nullptr, L"EDIT", nullptr); }
 
 void work() {
@@ -183,7 +176,8 @@ void run(const wchar_t* directory, const wchar_t* numbersFile) {
   const HWND window =
       CreateWindowExW(0, L"STATIC", L"bench", WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN, 50, 50, 500,
                       400, nullptr, nullptr, nullptr, nullptr);
-  const auto controller = create<_RWKeyscoutController>(CLSID_RWKeyscoutController);
+  ComPtr<_RWKeyscoutController> controller;
+  require(createInstance(CLSID_RWKeyscoutController, controller));
   Bstr folder{fromWide(directory)};
   Bstr index{u"catindex.txt"};
   Bstr download{u"catalog.txt"};
@@ -203,7 +197,8 @@ void run(const wchar_t* directory, const wchar_t* numbersFile) {
 
   const HWND plain = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, 260, 10, 200, 24,
                                      window, nullptr, nullptr, nullptr);
-  const auto completion = create<IAutoComplete2>(CLSID_AutoComplete);
+  ComPtr<IAutoComplete2> completion;
+  require(createInstance(CLSID_AutoComplete, completion));
   const auto source = makeObject<NumberSource>(numbers);
   completion->SetOptions(ACO_AUTOSUGGEST);
   require(completion->Init(plain, static_cast<IEnumString*>(source.get()), nullptr, nullptr));
