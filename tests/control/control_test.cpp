@@ -1,35 +1,9 @@
-#include <gtest/gtest.h>
+#include "control/control_fixture.h"
 
 #include "base/utf8.h"
-#include "support/stage.h"
 
 namespace keyscout::test {
 namespace {
-
-using Keys = std::vector<std::pair<std::int16_t, std::int16_t>>;  // key code and modifiers
-
-class Control : public testing::Test {
- protected:
-  Control() {
-    stage.start(directory);
-    stage.focus(*control);
-    stage.takeTrace();
-  }
-  void press(const Keys& keys) {
-    for (const auto& [code, shift] : keys) stage.press(code, shift);
-  }
-  /// "text", "list" or "-" where the control has the focus in neither.
-  std::string focus() const {
-    const auto place = control->surface->focusPlace();
-    if (place == FocusPlace::textBox) return "text";
-    return place == FocusPlace::list ? "list" : "-";
-  }
-  const ControlFields& fields() const { return control->control.fields(); }
-
-  DataDirectory directory{{series("A", 20, {"ACME", "BOLT"}), series("B", 5)}};
-  Stage stage;
-  std::unique_ptr<StagedControl> control = stage.addControl();
-};
 
 TEST_F(Control, RaisesItsEventsAroundTheLookup) {
   control->events.handlers["needBrand"] = [&] { control->control.setBrand(u"BOLT"); };
@@ -122,44 +96,6 @@ TEST_F(Control, GoesOnAfterEscapeInTheList) {
   EXPECT_TRUE(control->control.isListShowing());
   press({{KeyCodes::down, 0}, {KeyCodes::down, 0}, {KeyCodes::enter, 0}});
   EXPECT_EQ(control->text(), "A001");
-}
-
-TEST_F(Control, AcceptsFromTheListAndByClick) {
-  const std::function<void()> ways[] = {
-      [&] {
-        press({{KeyCodes::down, 0}, {KeyCodes::down, 0}, {KeyCodes::enter, 0}});
-      },
-      [&] { control->surface->click(1); }};
-  for (const auto& accept : ways) {
-    control->control.setText(u"");
-    stage.type(u"a");
-    control->events.take();
-    accept();
-    Strings events = control->events.take();
-    std::erase_if(events, [](const std::string& event) { return event.starts_with("Key"); });
-    EXPECT_EQ(events, (Strings{"brandChanged(BOLT)", "needBrand", "Change"}));
-    EXPECT_EQ(control->text(), "A001");
-    EXPECT_EQ(control->control.selStart(), 4);
-    EXPECT_EQ(control->control.selLength(), 0);
-    EXPECT_EQ(focus(), "text");
-    EXPECT_FALSE(control->isDropped());
-    EXPECT_FALSE(fields().skipNextLookup);
-    EXPECT_EQ(control->control.lookupFields().lastLookupText, u"a") << "accepting looks nothing up";
-  }
-}
-
-TEST_F(Control, AcceptsByEnterInTheTextBox) {
-  stage.type(u"a");
-  press({{KeyCodes::down, 0}, {KeyCodes::down, 0}});
-  stage.focus(*control);
-  control->events.take();
-  stage.form->keyDown(KeyCodes::enter, 0);
-  EXPECT_EQ(control->events.take(), (Strings{"brandChanged(BOLT)", "needBrand", "Change"}))
-      << "no KeyDown for this Enter";
-  EXPECT_TRUE(fields().suppressAccept);
-  EXPECT_FALSE(fields().suppressKeyDownEvent);
-  stage.form->keyUp(KeyCodes::enter, 0);
-  EXPECT_EQ(control->text(), "A001") << "the carriage return never arrives";
 }
 
 TEST_F(Control, ExtendsTheListAtItsLastEntry) {
@@ -277,38 +213,6 @@ TEST_F(Control, LooksNothingUpUnlessServing) {
   }
 }
 
-TEST_F(Control, AcceptsForTheHostEvenWhileLocked) {
-  stage.type(u"a");
-  press({{KeyCodes::down, 0}});
-  control->control.lockKeyscout();
-  press({{KeyCodes::enter, 0}});
-  EXPECT_EQ(control->text(), "a") << "a locked list accepts nothing";
-  control->control.doit();
-  EXPECT_EQ(control->text(), "A000");
-  EXPECT_TRUE(fields().skipNextLookup) << "a locked change leaves it";
-  EXPECT_EQ(focus(), "text");
-}
-
-TEST_F(Control, FailsToTheHostWhenItCannotAccept) {
-  EXPECT_EQ(errorOf([&] { control->control.doit(); }), 0) << "nothing is selected";
-  stage.form->leaveFocus();
-  EXPECT_EQ(errorOf([&] { control->control.doit(); }), 91);
-  EXPECT_FALSE(stage.controller.KeyscoutLocked());
-  const Strings trace = stage.takeTrace();
-  EXPECT_EQ(trace.back(), "! doit 91");
-}
-
-TEST_F(Control, WritesTextForTheHostWithoutLookup) {
-  for (const Boolean enabled : {True, False}) {
-    stage.controller.setKeyscoutEnabled(enabled);
-    control->events.take();
-    control->control.setText(u"A00");
-    EXPECT_EQ(control->events.take(), (Strings{"needBrand", "Change"}));
-    EXPECT_EQ(stage.controller.KeyscoutEnabled(), enabled);
-    EXPECT_EQ(control->entries(), Strings{});
-  }
-}
-
 TEST_F(Control, LetsTheHostSwallowAKey) {
   control->events.keyCodeToWriteBack = 0;
   stage.type(u"ab");
@@ -366,52 +270,6 @@ TEST_F(Control, RemovesAClosedListThatGetsTheFocus) {
   EXPECT_EQ(control->text(), "a");
 }
 
-TEST_F(Control, SuppressesAcceptingWhileKeysWalk) {
-  const auto suppressed = [&] { return static_cast<bool>(fields().suppressAccept); };
-  stage.form->paste(u"a");
-  EXPECT_FALSE(suppressed()) << "released after a lookup";
-  stage.type(u"0");
-  EXPECT_TRUE(suppressed()) << "a key came up in the text";
-  stage.form->keyDown(KeyCodes::down, 0);
-  EXPECT_FALSE(suppressed()) << "the text lost the focus to the list";
-  EXPECT_EQ(control->text(), "a0") << "selecting the first entry accepted nothing";
-  for (const std::int16_t key :
-       {KeyCodes::pageDown, KeyCodes::pageUp, KeyCodes::down, KeyCodes::up}) {
-    stage.form->keyUp(key, 0);
-    EXPECT_FALSE(suppressed());
-    if (key == KeyCodes::up) stage.press(KeyCodes::down);  // Up on the first entry would leave
-    stage.form->keyDown(key, 0);
-    EXPECT_TRUE(suppressed()) << key;
-    EXPECT_EQ(control->text(), "a0") << key;
-  }
-  stage.form->keyUp(KeyCodes::up, 0);
-  stage.form->keyDown(KeyCodes::down, Modifier::shift);
-  EXPECT_FALSE(suppressed()) << "with a modifier it walks nowhere";
-
-  stage.focus(*control);
-  stage.press(KeyCodes::end);
-  EXPECT_TRUE(suppressed());
-  stage.form->leaveFocus();
-  EXPECT_FALSE(suppressed()) << "lost";
-  stage.focus(*control);
-  stage.type(u"0");
-  ASSERT_TRUE(suppressed());
-  const auto other = stage.addControl();
-  stage.focus(*other);
-  stage.focus(*control);
-  EXPECT_FALSE(suppressed()) << "gained";
-}
-
-TEST_F(Control, AcceptsByEnterAlsoAfterAKeyCameUpInTheText) {
-  stage.type(u"a");
-  press({{KeyCodes::down, 0}, {KeyCodes::down, 0}});
-  stage.focus(*control);
-  stage.press(KeyCodes::end);
-  ASSERT_TRUE(fields().suppressAccept);
-  press({{KeyCodes::enter, 0}});
-  EXPECT_EQ(control->text(), "A001");
-}
-
 TEST_F(Control, ForwardsTheMouse) {
   // The middle button, since the left one may make a click of its release.
   constexpr std::int16_t middle = 4;
@@ -434,57 +292,6 @@ TEST_F(Control, ForwardsTheMouse) {
     ASSERT_FALSE(events.empty()) << event;
     EXPECT_EQ(events.back(), event);
   }
-}
-
-TEST_F(Control, HasProperties) {
-  keyscoutControl& c = control->control;
-  c.setText(u"0123456789");
-  c.setSelStart(3);
-  c.setSelLength(100);
-  EXPECT_EQ(c.selLength(), 7);
-  EXPECT_EQ(errorOf([&] { c.setSelStart(-1); }), 380);
-  EXPECT_EQ(c.selStart(), 3);
-  c.setText(String(40'000, u'x'));
-  c.setSelStart(32'767);
-  EXPECT_EQ(c.selStart(), 32'767);
-  EXPECT_EQ(errorOf([&] { EXPECT_GT(c.selLength(), -1); }), 0);
-  stage.press(KeyCodes::end);
-  EXPECT_EQ(errorOf([&] { c.selStart(); }), 6);
-
-  c.setForeColor(String{u"255"});
-  EXPECT_EQ(std::get<std::int32_t>(c.ForeColor()), 255);
-  EXPECT_EQ(errorOf([&] { c.setBackColor(String{u"red"}); }), 13);
-  c.setBackColor(std::int32_t{0x123456});
-  EXPECT_EQ(std::get<std::int32_t>(c.BackColor()), 0x123456);
-  c.setFontBold(Boolean::stored(5));
-  EXPECT_EQ(c.FontBold().number(), 5);
-  c.setTheToolTipText(u"tip");
-  EXPECT_EQ(c.TheToolTipText(), u"tip");
-  c.setText(u"");
-  c.setLocked(True);
-  stage.type(u"a");
-  EXPECT_EQ(control->text(), "");
-  EXPECT_TRUE(c.Locked());
-  c.setLocked(False);
-  EXPECT_FALSE(c.Locked());
-  c.setEnabled(False);
-  EXPECT_FALSE(c.Enabled());
-  control->surface->resize(250);
-  EXPECT_EQ(control->surface->textBox().width(), 250);
-}
-
-TEST_F(Control, TakesOnlyKeyedCollectionsForBrands) {
-  struct Plain : BrandList {
-    std::shared_ptr<BrandCollection> keyedCollection() override {
-      throw platformFailure(PlatformError::typeMismatch, u"test");
-    }
-  } plain;
-  const auto brands = std::make_shared<LocalBrandList>();
-  control->control.setAuthorizedBrands(brands.get());
-  EXPECT_EQ(errorOf([&] { control->control.setAuthorizedBrands(&plain); }), 13);
-  EXPECT_EQ(stage.controller.authorizedBrands(), brands);
-  control->control.setAuthorizedBrands(nullptr);
-  EXPECT_EQ(stage.controller.authorizedBrands(), nullptr);
 }
 
 TEST_F(Control, SurvivesHostsThatThrow) {
