@@ -6,12 +6,21 @@
 #include <memory>
 #include <optional>
 #include <set>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "model/plain_catalog.h"
 
 namespace keyscout::test {
+
+/// Any failure; which number it has is for other tests.
+struct PlainFailure : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+/// `text` in capitals: how texts are compared where letter case does not matter.
+std::string capitals(std::string text);
 
 class PlainField;
 
