@@ -31,7 +31,11 @@ std::string inQuotationMarks(const Rows& rows, char delimiter) {
     for (std::size_t i = 0; i < row.size(); ++i) {
       if (i != 0) bytes += delimiter;
       bytes += '"';
-      for (const char character : row[i]) bytes.append(character == '"' ? 2U : 1U, character);
+      for (const char character : row[i]) {
+        if (character == '"') bytes += '"';
+        if (character == '\n') bytes += '\r';  // a CR that stands before it is part of the field
+        bytes += character;
+      }
       bytes += '"';
     }
     bytes += "\r\n";
