@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "apps/cli/check/bounded_files.h"
 #include "apps/cli/check/brand_check.h"
 #include "apps/cli/check/brand_index_check.h"
 #include "apps/cli/check/case_check.h"
@@ -50,7 +51,8 @@ CheckSummary checkCatalog(Files& files, const DataDirectory& names, const Findin
                           const CheckProgress& progress) {
   if (!std::filesystem::is_directory(names.path))
     throw std::runtime_error(pathText(names.path) + " is not a directory.");
-  const CheckedDirectory directory{files, withDownloadFound(names), report, progress,
+  BoundedFiles bounded{files};
+  const CheckedDirectory directory{bounded, withDownloadFound(names), report, progress,
                                    nativeCodePage()};
   checkStartUp(directory);
   const std::vector<IndexedTable> tables = checkIndex(directory);

@@ -30,8 +30,8 @@ class IndexCheck {
     try {
       const auto file = directory_.open(file_);
       while (!file->atEnd() && !isFull_) {
-        ++line_;
         const std::string_view bytes = file->readLine();
+        ++line_;
         if (!trimmed(bytes).empty()) take(bytes);
       }
       if (tables_.empty()) directory_.error(file_, 1, "names no table");

@@ -189,6 +189,14 @@ const Damage damages[] = {
     {"TableEmpty", fill("1.txt", {}), {"1.txt:1: error"}, "empty"},
     {"ShortLine", append("2.txt", std::string(69, 'X')), {"2.txt:5: error"}, "69 characters"},
     {"LineOfOneCharacter", append("2.txt", "X"), {"2.txt:5: error"}, "has 1 character;"},
+    {"IndexLineWithoutEnd",
+     append("catindex.txt", std::string(std::size_t{16} * 1024 * 1024, 'X')),
+     {"catindex.txt:4: error"},
+     "a line of it is longer than any text has them"},
+    {"LineWithoutEnd",
+     append("2.txt", std::string(std::size_t{16} * 1024 * 1024, 'X')),
+     {"2.txt:5: error"},
+     "a line of it is longer than any text has them"},
     {"ControlCharacter",
      put("1.txt", 2, brandColumn, "B\x1B[T"),
      {"1.txt:2: warning", "1.txt:2: warning"},
@@ -291,6 +299,22 @@ const Damage damages[] = {
 
 INSTANTIATE_TEST_SUITE_P(All, CheckDamage, testing::ValuesIn(damages),
                          [](const auto& test) { return test.param.name; });
+
+TEST(Check, OfADownloadWithoutLineEndsEndsWithAFinding) {
+  const SmallCatalog catalog;
+  catalog.writeLines("download.txt", {std::string(std::size_t{16} * 1024 * 1024, 'X')});
+  NativeFiles files;
+  keyscout::DataDirectory names;
+  names.path = catalog.path();
+  names.downloadFile = "download.txt";
+  std::vector<std::string> findings;
+  checkCatalog(files, names, [&](const Finding& finding) {
+    findings.push_back(finding.file + ": " + finding.sentence);
+  });
+  ASSERT_EQ(findings.size(), 1U);
+  EXPECT_NE(findings[0].find("a line of it is longer than any text has them"), std::string::npos)
+      << findings[0];
+}
 
 TEST(Check, FindsNothingInASoundCatalog) {
   const SmallCatalog catalog;
