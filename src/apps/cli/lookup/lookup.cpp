@@ -4,6 +4,7 @@
 
 #include "apps/cli/files/path_text.h"
 #include "apps/cli/host/catalog_host.h"
+#include "apps/cli/host/named_failures.h"
 #include "base/letter_case.h"
 #include "base/utf8.h"
 #include "control/keyscout_control.h"
@@ -124,7 +125,8 @@ std::string nothingFollows(const LookupRequest& request) {
 
 LookupAnswer lookUp(Files& files, const LookupRequest& request) {
   SilentMessageBox messageBox;
-  CatalogHost host{files, messageBox};
+  NamedFailures named{files};
+  CatalogHost host{named, messageBox};
   host.start(request.directory);
 
   LookupForm form{host, request.brand};
