@@ -21,6 +21,12 @@ std::string inHexadecimal(char byte) {
   return {digits[value >> 4], digits[value & 0xF]};
 }
 
+/// What people call the control characters that lists have.
+std::string nameOf(char control) {
+  if (control == '\t') return ", a tab";
+  return control == '\n' || control == '\r' ? ", a line break" : "";
+}
+
 }  // namespace
 
 std::optional<std::string> strangeCharacterIn(std::string_view bytes) {
@@ -30,7 +36,7 @@ std::optional<std::string> strangeCharacterIn(std::string_view bytes) {
     const std::string value = inHexadecimal(bytes[i]) + " (hexadecimal)";
     if (isUndefined(bytes[i]))
       return place + "byte " + value + ", which Windows-1252 has no use for";
-    if (!isBeyondAscii(bytes[i])) return place + "control character " + value;
+    if (!isBeyondAscii(bytes[i])) return place + "control character " + value + nameOf(bytes[i]);
   }
   return std::nullopt;
 }

@@ -86,7 +86,7 @@ class Packing {
       if (++summary_.records % recordsPerReport == 0)
         report("Reading", download_.bytesRead(), download_.size());
     }
-    if (summary_.records == 0) throw download_.refusal("The download holds no records.");
+    if (summary_.records == 0) throw download_.refusal("There are no records.");
     download_.closeCopy();
     brands.close();
     summary_.brands = brands.count();

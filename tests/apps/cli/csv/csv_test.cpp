@@ -137,7 +137,8 @@ const std::vector<Fault> faults = {
     {"a short row",
      "Part No,Text,Maker\n\n\"a\n\",b,c\nX,Y\n",
      {},
-     ":3: column 1 \"Part No\": character 2 is the control character 0A"},
+     ":3: column 1 \"Part No\": character 2 is the control character 0A (hexadecimal), a line "
+     "break"},
     {"a row that ends too early",
      "Part No,\"a\nb\",Maker\nX,Y\n",
      {},
@@ -186,7 +187,7 @@ const std::vector<Fault> faults = {
     {"a number twice in capitals", "Part No,Maker\nx,Y\nX,Y\n",
      [](CsvOptions& csv) { csv.inUpperCase = true; },
      ":3: The catalog number \"X\" stands on line 2 already"},
-    {"nothing but a header", "Part No,Maker\n", {}, ":1: The download holds no records."},
+    {"nothing but a header", "Part No,Maker\n", {}, ":1: There are no records."},
     {"nothing", "", {}, ":1: The list is empty."},
 };
 

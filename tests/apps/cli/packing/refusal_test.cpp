@@ -48,7 +48,8 @@ std::vector<Refusal> refusals() {
       {"UTF-8", header + good + record(2, "\xC3\x84") + "\r\n",
        ":3: The line is UTF-8, but a download is Windows-1252"},
       {"tab", header + record(2, "A\tB") + "\r\n",
-       ":2: In this line character 12 is the control character 09 (hexadecimal); correct it."},
+       ":2: In this line character 12 is the control character 09 (hexadecimal), a tab; correct "
+       "it."},
       {"NUL", header + record(2, std::string("A\0B", 3)) + "\r\n",
        ":2: In this line character 12 is the control character 00"},
       {"DEL in a brand", header + record(2, "A", "B\x7F") + "\r\n",
@@ -76,7 +77,7 @@ std::vector<Refusal> refusals() {
        ":403: The catalog number \"Ab\" differs from \"aB\" on line 2 in letter case alone"},
       {"case, the last ones", header + good + record(1, "zy") + "\n" + record(2, "zY") + "\n",
        ":4: The catalog number \"zY\" differs from \"zy\" on line 3 in letter case alone"},
-      {"no records", header + "\r\n  \r\n", ":3: The download holds no records."},
+      {"no records", header + "\r\n  \r\n", ":3: There are no records."},
   };
 }
 
