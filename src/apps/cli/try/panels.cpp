@@ -40,12 +40,10 @@ class PanelLines {
   int line_ = 0;
 };
 
-/// The files that were opened, and how many the brand index made it possible to pass over.
-std::string filesText(const MeteredFiles::Reading& reading) {
-  // The brand index itself is one that is only looked at.
-  std::string opened = std::to_string(reading.files);
-  if (reading.stamps < 2) return opened;
-  return opened + ", " + std::to_string(reading.stamps - 1) + " passed over";
+/// How many tables the brand index made it possible not to open. The brand index itself is one more
+/// file that is looked at.
+std::uint64_t tablesPassedOver(const MeteredFiles::Reading& reading) {
+  return reading.stamps == 0 ? 0 : reading.stamps - 1;
 }
 
 struct HostKey {
@@ -90,8 +88,9 @@ void drawState(Screen& screen, const Rectangle& area, TryForm& form,
   lines.value(L"Tables", std::to_string(module.catalogTableCount));
 
   lines.heading(L"Last lookup");
-  lines.value(L"Files", cost ? filesText(cost->reading) : "-");
-  lines.value(L"Bytes", cost ? std::to_string(cost->reading.bytes) : "-");
+  lines.value(L"Files opened", cost ? std::to_string(cost->reading.files) : "-");
+  lines.value(L"Tables skipped", cost ? std::to_string(tablesPassedOver(cost->reading)) : "-");
+  lines.value(L"Bytes read", cost ? std::to_string(cost->reading.bytes) : "-");
   lines.value(L"Microseconds", cost ? std::to_string(cost->time.count()) : "-");
 
   lines.heading(L"Field");

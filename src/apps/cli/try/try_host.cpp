@@ -100,7 +100,9 @@ void TryHost::draw() {
   const Layout layout{screen.rows(), screen.columns()};
   screen.clear();
   if (!layout.fits) {
-    screen.text(0, 0, screen.columns(), L"Keyscout needs 60 columns and 20 rows.", Style::plain);
+    // Two short lines, since it is narrow screens that have to show them.
+    screen.text(0, 0, screen.columns(), L"Keyscout needs", Style::plain);
+    screen.text(1, 0, screen.columns(), L"60 columns and 20 rows.", Style::plain);
     return;
   }
   drawTitle(screen, layout.title, title_);

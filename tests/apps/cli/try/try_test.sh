@@ -123,8 +123,8 @@ shows_not "│AB-101 "
 # A resize with the list open, a screen that is too small, and back.
 terminal resize-window -t t -x 110 -y 32
 shows "│ Table                 "
-terminal resize-window -t t -x 50 -y 12
-shows "Keyscout needs 60 columns and 20 rows."
+terminal resize-window -t t -x 30 -y 12
+shows "60 columns and 20 rows."
 terminal resize-window -t t -x 60 -y 20
 shows "│AB-102 "
 
