@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <olectl.h>
+
 #include "keyscout_h.h"
 #include "platform/win32/thread_slot.h"
 #include "platform/win32/win32_surface.h"
