@@ -14,4 +14,12 @@ const CodePage& nativeCodePage() {
 #endif
 }
 
+unsigned nativeCodePageNumber() {
+#ifdef _WIN32
+  return systemCodePageNumber();
+#else
+  return 1252;
+#endif
+}
+
 }  // namespace keyscout

@@ -5,9 +5,13 @@
 namespace keyscout {
 namespace {
 
-CodePage unitsOfSystem() {
+bool hasOneByteCharacters() {
   CPINFO info{};
-  if (!GetCPInfo(CP_ACP, &info) || info.MaxCharSize > 1) return windows1252();
+  return GetCPInfo(CP_ACP, &info) && info.MaxCharSize == 1;
+}
+
+CodePage unitsOfSystem() {
+  if (!hasOneByteCharacters()) return windows1252();
 
   std::array<char16_t, 256> units{};
   for (std::size_t byte = 0; byte < units.size(); ++byte) {
@@ -25,5 +29,7 @@ const CodePage& systemCodePage() {
   static const CodePage page = unitsOfSystem();
   return page;
 }
+
+unsigned systemCodePageNumber() { return hasOneByteCharacters() ? GetACP() : 1252; }
 
 }  // namespace keyscout

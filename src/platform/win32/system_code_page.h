@@ -6,5 +6,6 @@ namespace keyscout {
 
 /// The code page of the system, Windows-1252 where that takes several bytes for a character.
 const CodePage& systemCodePage();
+unsigned systemCodePageNumber();
 
 }  // namespace keyscout

@@ -105,7 +105,7 @@ void TableCheck::checkCharacters(std::string_view bytes, std::string_view brand)
   // What is behind a brand of any length was told of with the brand.
   if (brand.size() > RecordColumns::brand.width) return;
   if (isUtf8BeyondAscii(bytes))
-    directory_.warning(file_, line_, "is UTF-8; a lookup takes its bytes for Windows-1252");
+    directory_.warning(file_, line_, "is UTF-8; a lookup takes its bytes for " + nameOfCodePage());
   else if (const auto strange = strangeCharacterIn(bytes))
     directory_.warning(file_, line_, *strange);
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/utf8.h"
+#include "platform/local/native_code_page.h"
 
 namespace keyscout {
 namespace {
@@ -10,9 +11,11 @@ namespace {
 bool isPlain(char byte) { return byte >= 0x20 && byte < 0x7F; }
 bool isBeyondAscii(char byte) { return (static_cast<unsigned char>(byte) & 0x80) != 0; }
 
-/// Windows-1252 leaves these five unassigned.
+/// A byte that the code page leaves unassigned stands for a control character or for one of those
+/// that Unicode keeps for private use.
 bool isUndefined(char byte) {
-  return std::string_view{"\x81\x8D\x8F\x90\x9D"}.find(byte) != std::string_view::npos;
+  const char16_t unit = nativeCodePage()[byte];
+  return (unit >= u'\x80' && unit < u'\xA0') || (unit >= u'\uE000' && unit < u'\uF900');
 }
 
 std::string inHexadecimal(char byte) {
@@ -29,13 +32,15 @@ std::string nameOf(char control) {
 
 }  // namespace
 
+std::string nameOfCodePage() { return "Windows-" + std::to_string(nativeCodePageNumber()); }
+
 std::optional<std::string> strangeCharacterIn(std::string_view bytes) {
   for (std::size_t i = 0; i < bytes.size(); ++i) {
     if (isPlain(bytes[i])) continue;
     const std::string place = "character " + std::to_string(i + 1) + " is the ";
     const std::string value = inHexadecimal(bytes[i]) + " (hexadecimal)";
     if (isUndefined(bytes[i]))
-      return place + "byte " + value + ", which Windows-1252 has no use for";
+      return place + "byte " + value + ", which " + nameOfCodePage() + " has no use for";
     if (!isBeyondAscii(bytes[i])) return place + "control character " + value + nameOf(bytes[i]);
   }
   return std::nullopt;

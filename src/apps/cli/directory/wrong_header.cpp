@@ -1,5 +1,6 @@
 #include "apps/cli/directory/wrong_header.h"
 
+#include "apps/cli/directory/record_bytes.h"
 #include "apps/cli/sentences/in_quotes.h"
 #include "base/letter_case.h"
 #include "platform/local/native_code_page.h"
@@ -9,10 +10,10 @@ namespace keyscout {
 
 std::string wrongHeader(std::string_view firstLine) {
   if (firstLine.starts_with("\xEF\xBB\xBF"))
-    return "a byte order mark stands before it; save the file without one, in Windows-1252";
+    return "a byte order mark stands before it; save the file without one, in " + nameOfCodePage();
   if (firstLine.starts_with("\xFF\xFE") || firstLine.starts_with("\xFE\xFF") ||
       firstLine.find('\0') != firstLine.npos)
-    return "the file is UTF-16; save it in Windows-1252";
+    return "the file is UTF-16; save it in " + nameOfCodePage();
   if (firstLine.find('\r') != firstLine.npos)
     return "the lines of the file end with CR alone; end them with CR LF or LF";
   const String line = nativeCodePage().decode(firstLine);

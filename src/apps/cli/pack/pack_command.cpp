@@ -17,6 +17,7 @@
 #include "apps/cli/terminal/interruption.h"
 #include "apps/cli/terminal/progress_bar.h"
 #include "apps/cli/terminal/standard_stream.h"
+#include "platform/local/native_code_page.h"
 
 namespace keyscout {
 namespace {
@@ -107,8 +108,9 @@ PackOptions packOptions(Arguments& arguments) {
     arguments.csv.keepsFirst = arguments.duplicates == "first";
     if (!arguments.codePage.empty()) arguments.csv.codePage = arguments.codePage;
   } else if (!arguments.codePage.empty()) {
-    if (arguments.codePage != "1252")
-      throw CLI::ValidationError("--code-page", "the code page of a download is 1252");
+    const std::string expected = std::to_string(nativeCodePageNumber());
+    if (arguments.codePage != expected)
+      throw CLI::ValidationError("--code-page", "the code page of a download is " + expected);
     options.acceptsUtf8 = true;
   }
   options.indexName =
@@ -159,10 +161,10 @@ void addPackCommand(CLI::App& app, int& status) {
       ->capture_default_str();
   command->add_option("--download", arguments->downloadName,
                       "The download's name in DIR; its own or download.txt unless given");
-  command->add_option(
-      "--code-page", arguments->codePage,
-      "The code page of a CSV list, otherwise UTF-8; 1252 takes a download for that "
-      "though it looks like UTF-8");
+  command->add_option("--code-page", arguments->codePage,
+                      "The code page of a CSV list, otherwise UTF-8; " +
+                          std::to_string(nativeCodePageNumber()) +
+                          " takes a download for that though it looks like UTF-8");
   command->add_flag("--force", options.force, "Pack into a directory that holds other files");
   command->add_flag("--dry-run", options.dryRun, "Tell what would be made and write nothing");
   command->add_flag("--json", arguments->asJson, "Print one JSON object");

@@ -92,9 +92,9 @@ std::string_view DownloadReader::readLine() try {
 
 void DownloadReader::checkBytes(std::string_view line) const {
   if (!acceptsUtf8_ && isUtf8BeyondAscii(line))
-    throw refusal(
-        "The line is UTF-8, but a download is Windows-1252; convert it, or give --code-page 1252 "
-        "where its bytes are meant so.");
+    throw refusal("The line is UTF-8, but a download is " + nameOfCodePage() +
+                  "; convert it, or give --code-page " + std::to_string(nativeCodePageNumber()) +
+                  " where its bytes are meant so.");
   if (const auto strange = strangeCharacterIn(line))
     throw refusal("In this line " + *strange + "; correct it.");
 }
