@@ -4,6 +4,7 @@
 
 #include "apps/cli/files/path_text.h"
 #include "base/utf8.h"
+#include "shared/error_codes.h"
 
 namespace keyscout {
 
@@ -21,7 +22,13 @@ void CatalogHost::configure(const DataDirectory& directory) {
 
 void CatalogHost::start(const DataDirectory& directory) {
   const std::string path = pathText(directory.path);
-  const auto refuse = [&](const std::string& why) {
+  const auto refuse = [&](std::string why) {
+    // What lacks a file may be a catalog whose files change places at this moment.
+    try {
+      static_cast<void>(controller_.checkCatalogControlFile());
+    } catch (const Error& status) {
+      if (status.hasNumber(KeyscoutErrorCodes::ControlStatusInProcess)) why = status.what();
+    }
     throw std::runtime_error(onOneLine(why) + "\n  To see what is wrong: keyscout check " + path);
   };
   if (!std::filesystem::is_directory(directory.path))

@@ -117,6 +117,12 @@ const Refusal refusals[] = {
      "the latest download contains invalid data."},
     {"NoDownload", [](const SmallCatalog& c) { c.remove("download.txt"); },
      "The catalog number download file does not exist."},
+    {"NoDownloadWhileInProcess",
+     [](const SmallCatalog& c) {
+       c.remove("download.txt");
+       c.writeLines("catcontrol.txt", {"INPROCESS"});
+     },
+     "Keyscout will be enabled as soon as"},
     {"NoIndex", [](const SmallCatalog& c) { c.remove("catindex.txt"); },
      "catindex.txt: File not found"},
     {"NoFirstTable", [](const SmallCatalog& c) { c.remove("0.txt"); }, "0.txt: File not found"},
