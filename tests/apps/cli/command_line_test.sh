@@ -33,7 +33,8 @@ for command in $commands; do
   says err "keyscout $command --help"
 
   # The man page and the completions know every command and every option.
-  options=$("$keyscout" "$command" --help | grep -o -e '--[a-z-]*' | sort -u)
+  options=$("$keyscout" "$command" --help | grep -o -e '--[a-z][a-z-]*' | sort -u)
+  echo "$options" >>"$work/options"
   grep -q "^.SS keyscout $command" "$source/man/keyscout.1" || fail "no man page for $command"
   for option in $options; do
     sed 's/\\-/-/g' "$source/man/keyscout.1" | grep -q -e "$option" || fail "man page: $option"
@@ -41,6 +42,12 @@ for command in $commands; do
       grep -q -e "$option" "$source/completions/keyscout.$shell" || fail "$shell: $option"
     done
     grep -q -e "-l ${option#--}" "$source/completions/keyscout.fish" || fail "fish: $option"
+  done
+done
+# And they promise no option that there is not.
+for page in man/keyscout.1 completions/keyscout.bash completions/keyscout.zsh; do
+  for option in $(sed 's/\\-/-/g' "$source/$page" | grep -o -e '--[a-z][a-z-]*' | sort -u); do
+    grep -qxF -e "$option" "$work/options" || fail "$page promises $option"
   done
 done
 

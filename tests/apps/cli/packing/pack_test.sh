@@ -88,6 +88,23 @@ pack b.txt killed --lines 2 --download list.txt
 expect 0 "the pack after them"
 diff -r killed reference-b || fail "the pack after them left something"
 
+echo "== stopped at any time: the exit status tells which catalog is there"
+there=b in_time=0
+for _ in 1 2 3 4 5 6; do
+  [ $there = a ] && list=b || list=a
+  "$keyscout" pack $list.txt killed --lines 2 --download list.txt --quiet 2>err & victim=$!
+  random_while 60
+  kill -TERM $victim 2>/dev/null || true
+  status=0; wait $victim || status=$?
+  case $status in
+    0) there=$list ;;
+    143) in_time=$((in_time + 1)) ;;
+    *) fail "exit status $status after SIGTERM: $(cat err)" ;;
+  esac
+  diff -r killed reference-$there >/dev/null || fail "exit status $status, and another catalog is there"
+done
+echo "   stopped in time: $in_time of 6"
+
 echo "== pipes and outputs"
 "$keyscout" pack - piped --quiet <a.txt || fail "cannot pack its standard input"
 cmp piped/download.txt a.txt

@@ -77,6 +77,10 @@ std::vector<Refusal> refusals() {
        ":403: The catalog number \"Ab\" differs from \"aB\" on line 2 in letter case alone"},
       {"case, the last ones", header + good + record(1, "zy") + "\n" + record(2, "zY") + "\n",
        ":4: The catalog number \"zY\" differs from \"zy\" on line 3 in letter case alone"},
+      {"case, behind several that differ from none",
+       header + record(1, "a1") + "\n" + record(2, "a2") + "\n" + record(3, "a3") + "\n" +
+           record(4, "Z") + "\n" + record(5, "z") + "\n",
+       ":6: The catalog number \"z\" differs from \"Z\" on line 5 in letter case alone"},
       {"no records", header + "\r\n  \r\n", ":3: There are no records."},
   };
 }
