@@ -40,7 +40,7 @@ struct Arguments {
 };
 
 // More lines than any download has; a larger number is a slip.
-constexpr std::uint64_t mostLines = 1'000'000'000;
+constexpr std::uint64_t maxLines = 1'000'000'000;
 
 void complain(const std::string& sentences) {
   std::istringstream lines{sentences};
@@ -153,7 +153,7 @@ void addPackCommand(CLI::App& app, int& status) {
   command
       ->add_option("--lines", options.linesPerTable,
                    "Lines of a table; otherwise 200, or more where 1001 tables would not do")
-      ->check(wholeNumber(1, mostLines));
+      ->check(wholeNumber(1, maxLines));
   command->add_option("--index", arguments->index,
                       "The name of the index file; with --csv the column of the indexes, which are "
                       "made up unless given");

@@ -151,7 +151,7 @@ void TryForm::authorizeChosen() {
   catalog_.controller().setAuthorizedBrands(std::move(list));
 }
 
-void TryForm::renew() {
+void TryForm::takeInCatalog() {
   readBrands();
   // A list that is closed when the focus leaves is removed, and its entries with it.
   for (LookupField* const field : {&part_, &replaces_}) field->control().hideList();

@@ -54,7 +54,7 @@ class TryForm {
 
   /// Takes in a catalog that has been loaded anew: its brands, of which the choices that it still
   /// has stay, and no list that shows entries of the old one.
-  void renew();
+  void takeInCatalog();
 
  private:
   PlayableSurface& surfaceOf(Stop stop);

@@ -235,7 +235,7 @@ void TryHost::unlock() {
       return tell(L"Unlock", "The catalog cannot be loaded: " + catalog_.takeFailure());
     catalog_.controller().resetLastTableNumber();
     log_.add("host", "resetLastTableNumber");
-    form_.renew();
+    form_.takeInCatalog();
   } catch (const Error& refusal) {
     log_.add("host", "tryToUnlock", "refused");
     tell(L"Unlock", refusal.what());
