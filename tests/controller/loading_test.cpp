@@ -23,6 +23,11 @@ TEST_F(Controller, LoadsIndexAndBrands) {
   EXPECT_EQ(controller.isInitialized(), True);
   EXPECT_EQ(stage.takeTrace(), (Strings{"> initialize", "< initialize"}));
 
+  directory.write("brandinfo.txt", "\r\n");
+  controller.initialize();
+  EXPECT_EQ(shared().brandLookup->count(), 0U);
+  EXPECT_EQ(stage.takeTrace(), (Strings{"> initialize", "< initialize"}));
+
   // The end mark of old texts is neither a table nor a brand.
   directory.write("catindex.txt", indexLine("0", {"A1", "X"}, {"A9", "Y"}) + "\r\n\x1A");
   directory.write("brandinfo.txt", "ACME\r\n\x1A");
