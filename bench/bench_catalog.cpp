@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <iostream>
 #include <random>
+#include <stdexcept>
 
 #include "apps/cli/files/output_file.h"
 #include "apps/cli/packing/brand_index_writer.h"
@@ -88,13 +89,16 @@ std::string BenchCatalog::brand(std::size_t position) const {
   return std::string{brands[unit * 7919 % brands.size()]};
 }
 
-std::vector<std::string> BenchCatalog::randomNumbers(std::size_t count) const {
+std::vector<std::string> BenchCatalog::randomTexts(std::size_t count) const {
+  constexpr std::size_t length = 8;
   std::mt19937_64 random{20};
   const std::size_t first = size_ / 100;
-  std::vector<std::string> numbers;
-  for (std::size_t i = 0; i < count; ++i)
-    numbers.push_back(number(first + random() % (size_ - first)));
-  return numbers;
+  std::vector<std::string> texts;
+  for (std::size_t i = 0; i < count; ++i) {
+    texts.push_back(number(first + random() % (size_ - first)).substr(0, length));
+    if (texts.back().size() < length) throw std::logic_error{texts.back() + " is too short"};
+  }
+  return texts;
 }
 
 /// What `pack` would make of a download of these numbers, without sorting what is in order.

@@ -32,9 +32,10 @@ class BenchCatalog {
   std::string number(std::size_t position) const;
   std::string brand(std::size_t position) const;
 
-  /// `count` random numbers of the catalog, the same ones at every run, none of them among the
-  /// first hundredth.
-  std::vector<std::string> randomNumbers(std::size_t count) const;
+  /// The beginnings of `count` random numbers, the same ones at every run, none of them among the
+  /// first hundredth. All are of one length: a control keeps its list for a text that is longer
+  /// than the one before, and looks nothing up where it is full.
+  std::vector<std::string> randomTexts(std::size_t count) const;
 
  private:
   void write() const;

@@ -66,7 +66,7 @@ double medianOf(std::vector<double> times) {
 class Course {
  public:
   Course(const BenchCatalog& catalog, bool hasContenders)
-      : catalog_(catalog), hasContenders_(hasContenders), keys_(catalog.randomNumbers(keyCount)) {
+      : catalog_(catalog), hasContenders_(hasContenders), keys_(catalog.randomTexts(keyCount)) {
     if (hasContenders) sqlite_.emplace(catalog);
   }
 
@@ -125,7 +125,8 @@ class Course {
         std::erase(listed, "");  // fill the list up at the end of the catalog
         if (listed != sqlite_->find(keys_[key], question.brands) ||
             listed != sorted().find(keys_[key], question.brands))
-          throw std::runtime_error{"the answers for " + keys_[key] + " differ"};
+          throw std::runtime_error{"the answers for " + keys_[key] + ", " + question.name +
+                                   ", differ"};
       }
     }
   }

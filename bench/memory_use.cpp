@@ -24,11 +24,11 @@ long residentMemory() {
 }
 
 long growthOfThisProcess(const BenchCatalog& catalog) {
-  const auto numbers = catalog.randomNumbers(1'000);
+  const auto texts = catalog.randomTexts(1'000);
   const long before = residentMemory();
   PosixFiles files;
   LookupStage stage{catalog.directory(), files};
-  for (const std::string& number : numbers) stage.enter(number);
+  for (const std::string& text : texts) stage.enter(text);
   return residentMemory() - before;
 }
 
