@@ -27,14 +27,14 @@ class MeteredFile final : public RandomAccessFile {
 }  // namespace
 
 std::unique_ptr<RandomAccessFile> MeteredFiles::openAtOffsets(StringView path) {
-  auto file = files_.openAtOffsets(path);
+  auto file = files().openAtOffsets(path);
   ++reading_.files;
   return std::make_unique<MeteredFile>(std::move(file), reading_);
 }
 
 FileStamp MeteredFiles::stamp(StringView path) {
   ++reading_.stamps;
-  return files_.stamp(path);
+  return ForwardingFiles::stamp(path);
 }
 
 }  // namespace keyscout

@@ -30,7 +30,7 @@ class BoundedFile final : public RandomAccessFile {
 }  // namespace
 
 std::unique_ptr<RandomAccessFile> BoundedFiles::openAtOffsets(StringView path) {
-  return std::make_unique<BoundedFile>(files_.openAtOffsets(path));
+  return std::make_unique<BoundedFile>(files().openAtOffsets(path));
 }
 
 }  // namespace keyscout
